@@ -1,0 +1,91 @@
+package com.orvexa.orvex;
+
+/**
+ * Drives the toolkit's timer queue from a daemon thread: the toolkit's own
+ * real-time sensor is switched off at start-up, so timer sensors (and the
+ * "realTime" global field's users) fire only when this thread processes the
+ * queue. Started by {@link Orvex} at start-up.
+ */
+public final class RealTimeManager {
+  /** Default period between two passes over the timer queue. */
+  public static final long DEFAULT_PERIOD_MILLIS = 10;
+
+  private static Thread thread;
+  private static volatile boolean running;
+
+  static {
+    Orvex.init();
+  }
+
+  private RealTimeManager() {}
+
+  /** Starts processing every {@link #DEFAULT_PERIOD_MILLIS} ms; does nothing when running. */
+  public static void start() {
+    start(DEFAULT_PERIOD_MILLIS);
+  }
+
+  /** Starts processing at a fixed rate of one pass per {@code periodMillis}; does nothing when running. */
+  public static synchronized void start(long periodMillis) {
+    if (periodMillis <= 0) throw new IllegalArgumentException("period must be positive: " + periodMillis);
+    if (thread != null) return;
+    running = true;
+    final long periodNanos = periodMillis * 1_000_000L;
+    Thread t = new Thread(() -> run(periodNanos), "Orvex-RealTimeManager");
+    t.setDaemon(true);
+    thread = t;
+    t.start();
+  }
+
+  /** Stops processing and waits for the thread to end; does nothing when stopped. */
+  public static void stop() {
+    Thread t;
+    synchronized (RealTimeManager.class) {
+      t = thread;
+      if (t == null) return;
+      running = false;
+      thread = null;
+    }
+    t.interrupt();
+    if (t != Thread.currentThread()) {
+      try {
+        t.join();
+      } catch (InterruptedException e) {
+        Thread.currentThread().interrupt();
+      }
+    }
+  }
+
+  public static synchronized boolean isRunning() {
+    return thread != null;
+  }
+
+  /** Processes the timer queue once on the calling thread. */
+  public static void processTimerQueue() {
+    processTimerQueueNative();
+  }
+
+  private static void run(long periodNanos) {
+    long next = System.nanoTime();
+    while (running) {
+      try {
+        processTimerQueueNative();
+      } catch (RuntimeException | Error e) {
+        // A failing sensor must not stop the clock of every other one.
+        e.printStackTrace();
+      }
+      next += periodNanos;
+      long delay = next - System.nanoTime();
+      if (delay < 0) {
+        next = System.nanoTime();  // fell behind: do not try to catch up in a burst
+        continue;
+      }
+      try {
+        Thread.sleep(delay / 1_000_000L, (int) (delay % 1_000_000L));
+      } catch (InterruptedException e) {
+        return;
+      }
+    }
+  }
+
+  private static native void processTimerQueueNative();
+}

@@ -1,0 +1,81 @@
+package com.orvexa.tests;
+
+import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertThrows;
+import static org.junit.jupiter.api.Assertions.assertTrue;
+
+import com.orvexa.orvex.Orvex;
+import com.orvexa.testsupport.RuntimeProbe;
+import java.util.List;
+import java.util.concurrent.CopyOnWriteArrayList;
+import java.util.function.Consumer;
+import org.junit.jupiter.api.AfterEach;
+import org.junit.jupiter.api.BeforeAll;
+import org.junit.jupiter.api.BeforeEach;
+import org.junit.jupiter.api.Test;
+
+class ErrorRoutingTest {
+  private final List<String> messages = new CopyOnWriteArrayList<>();
+  private final List<String> threads = new CopyOnWriteArrayList<>();
+  private Consumer<String> previous;
+
+  @BeforeAll
+  static void load() {
+    RuntimeProbe.init();
+  }
+
+  @BeforeEach
+  void listen() {
+    previous = Orvex.setErrorListener(message -> {
+      messages.add(message);
+      threads.add(Thread.currentThread().getName());
+    });
+  }
+
+  @AfterEach
+  void restore() {
+    Orvex.setErrorListener(previous);
+  }
+
+  @Test
+  void readErrorOnANativeThreadReachesPrintErrorMessage() {
+    RuntimeProbe.postReadErrorOnNativeThread("probe read failure 41");
+    assertEquals(1, messages.size(), messages.toString());
+    assertTrue(messages.get(0).contains("probe read failure 41"), messages.get(0));
+    assertEquals("Intern-CallBack", threads.get(0));
+  }
+
+  @Test
+  void debugErrorOnANativeThreadKeepsTheToolkitsOwnReporting() {
+    try (StderrCapture err = new StderrCapture()) {
+      RuntimeProbe.postDebugErrorOnNativeThread("probe debug report 42");
+      RuntimeProbe.postDebugError("probe debug report 43");
+    }
+    assertEquals(List.of(), messages);
+  }
+
+  @Test
+  void glAndMemoryErrorsAreRoutedAndPlainErrorsAreNot() {
+    RuntimeProbe.postGLError("probe gl failure");
+    RuntimeProbe.postMemoryError("probe buffer");
+    RuntimeProbe.postReadError("probe read failure");
+    try (StderrCapture err = new StderrCapture()) {
+      RuntimeProbe.postPlainError("probe plain error");
+    }
+    assertEquals(3, messages.size(), messages.toString());
+    assertTrue(messages.get(0).contains("probe gl failure"), messages.get(0));
+    assertTrue(messages.get(1).contains("probe buffer"), messages.get(1));
+    assertTrue(messages.get(2).contains("probe read failure"), messages.get(2));
+    assertEquals(List.of(Thread.currentThread().getName()), threads.subList(0, 1));
+  }
+
+  @Test
+  void anExceptionOfTheListenerReachesTheJavaCaller() {
+    Orvex.setErrorListener(message -> {
+      throw new IllegalStateException("listener failed on " + message);
+    });
+    IllegalStateException e = assertThrows(IllegalStateException.class,
+        () -> RuntimeProbe.postReadError("probe read failure 44"));
+    assertTrue(e.getMessage().contains("probe read failure 44"), e.getMessage());
+  }
+}

@@ -1,0 +1,66 @@
+# JUnit suites of the bridge, each run by CTest in its own JVM through the
+# JUnit console launcher. A suite fails on a failed test (launcher exit code)
+# and on any complaint of the JNI checker in its output.
+
+set(ORVEX_JUNIT_STANDALONE /usr/share/java/junit-platform-console-standalone.jar)
+if(NOT EXISTS ${ORVEX_JUNIT_STANDALONE})
+  message(WARNING "JUnit console launcher not found (install junit5): JVM tests are not registered")
+  return()
+endif()
+
+file(GLOB_RECURSE ORVEXJAVA_TEST_SOURCES CONFIGURE_DEPENDS
+  ${CMAKE_CURRENT_SOURCE_DIR}/src/test/java/*.java)
+set(CMAKE_JAVA_COMPILE_FLAGS -encoding UTF-8 --release 17 -Xlint:all,-serial,-processing,-try)
+add_jar(orvexjava_tests_jar
+  SOURCES ${ORVEXJAVA_TEST_SOURCES}
+  INCLUDE_JARS orvexjava_jar ${ORVEX_JUNIT_STANDALONE}
+  OUTPUT_NAME orvexjava-tests
+  OUTPUT_DIR ${CMAKE_BINARY_DIR}/java)
+add_dependencies(orvexjava_tests_jar orvexjava_testsupport)
+
+get_target_property(ORVEXJAVA_JAR orvexjava_jar JAR_FILE)
+get_target_property(ORVEXJAVA_TESTS_JAR orvexjava_tests_jar JAR_FILE)
+set(ORVEX_JUNIT_CLASSPATH "${ORVEXJAVA_JAR}:${ORVEXJAVA_TESTS_JAR}:${ORVEX_JUNIT_STANDALONE}")
+
+# orvex_add_junit_test(<name> CLASSES <fully qualified classes>...
+#                      [NO_CHECK_JNI] [INCLUDE_TAGS <tags>...] [EXCLUDE_TAGS <tags>...])
+function(orvex_add_junit_test name)
+  cmake_parse_arguments(ARG "NO_CHECK_JNI" "" "CLASSES;INCLUDE_TAGS;EXCLUDE_TAGS" ${ARGN})
+  set(jvm_options -Djava.library.path=${CMAKE_BINARY_DIR}/lib -Djava.awt.headless=true)
+  if(NOT ARG_NO_CHECK_JNI)
+    list(PREPEND jvm_options -Xcheck:jni)
+  endif()
+  set(selectors "")
+  foreach(cls IN LISTS ARG_CLASSES)
+    list(APPEND selectors --select-class=${cls})
+  endforeach()
+  foreach(tag IN LISTS ARG_INCLUDE_TAGS)
+    list(APPEND selectors --include-tag=${tag})
+  endforeach()
+  foreach(tag IN LISTS ARG_EXCLUDE_TAGS)
+    list(APPEND selectors --exclude-tag=${tag})
+  endforeach()
+  add_test(NAME ${name}
+    COMMAND ${Java_JAVA_EXECUTABLE} ${jvm_options} -cp ${ORVEX_JUNIT_CLASSPATH}
+            org.junit.platform.console.ConsoleLauncher
+            --disable-banner --disable-ansi-colors --details=tree --fail-if-no-tests
+            ${selectors})
+  set_tests_properties(${name} PROPERTIES
+    TIMEOUT 300
+    # Unicode file names need a UTF-8 locale in the JVM.
+    ENVIRONMENT "LC_ALL=C.UTF-8"
+    FAIL_REGULAR_EXPRESSION "WARNING in native method;FATAL ERROR in native method")
+endfunction()
+
+orvex_add_junit_test(jvm.runtime.strings CLASSES com.orvexa.tests.StringMarshallingTest)
+orvex_add_junit_test(jvm.runtime.arrays CLASSES com.orvexa.tests.ArrayMarshallingTest)
+orvex_add_junit_test(jvm.runtime.exceptions
+  CLASSES com.orvexa.tests.ExceptionHelperTest EXCLUDE_TAGS pending-exception-calls)
+# JNI calls made with an exception pending on purpose: the checker would flag them.
+orvex_add_junit_test(jvm.runtime.exceptions.pending NO_CHECK_JNI
+  CLASSES com.orvexa.tests.ExceptionHelperTest INCLUDE_TAGS pending-exception-calls)
+orvex_add_junit_test(jvm.runtime.threads CLASSES com.orvexa.tests.NativeThreadTest)
+orvex_add_junit_test(jvm.runtime.errors CLASSES com.orvexa.tests.ErrorRoutingTest)
+orvex_add_junit_test(jvm.runtime.objects CLASSES com.orvexa.tests.ObjectIdentityTest)
+orvex_add_junit_test(jvm.runtime.startup CLASSES com.orvexa.tests.StartupTest)
+orvex_add_junit_test(jvm.startup.trace CLASSES com.orvexa.tests.StartupTraceTest)

@@ -1,0 +1,26 @@
+#include <Orvex/sensors/SoTimerQueueSensor.h>
+
+#include <Orvex/SoDB.h>
+#include <Orvex/errors/SoDebugError.h>
+#include <Orvex/sensors/SoSensorManager.h>
+
+SoTimerQueueSensor::~SoTimerQueueSensor() {
+  // Never leave a dangling pointer in the queue.
+  if (m_scheduled) SoTimerQueueSensor::unschedule();
+}
+
+void SoTimerQueueSensor::schedule() { scheduleAt(m_triggerTime); }
+
+void SoTimerQueueSensor::scheduleAt(const SbTime& t) {
+  SoSensorManager* manager = SoDB::getSensorManager();
+  if (!manager) {
+    SoDebugError::post("SoTimerQueueSensor::schedule", "SoDB::init() must be called before scheduling sensors");
+    return;
+  }
+  manager->insertTimerSensor(this, t);
+}
+
+void SoTimerQueueSensor::unschedule() {
+  if (!m_scheduled) return;
+  if (SoSensorManager* manager = SoDB::getSensorManager()) manager->removeTimerSensor(this);
+}
