@@ -396,7 +396,7 @@ void onNativeThread(Post post) {
 
 PROBE(void, postReadErrorOnNativeThread)(JNIEnv* env, jclass, jstring text) {
   const std::string message = utf(env, text);
-  onNativeThread([&] { SoReadError::postAt("probe.iv", 7, "%s", message.c_str()); });
+  onNativeThread([&] { SoReadError::postAt("probe.ovx", 7, "%s", message.c_str()); });
 }
 
 PROBE(void, postDebugErrorOnNativeThread)(JNIEnv* env, jclass, jstring text) {
@@ -405,7 +405,7 @@ PROBE(void, postDebugErrorOnNativeThread)(JNIEnv* env, jclass, jstring text) {
 }
 
 PROBE(void, postReadError)(JNIEnv* env, jclass, jstring text) {
-  SoReadError::postAt("probe.iv", 3, "%s", utf(env, text).c_str());
+  SoReadError::postAt("probe.ovx", 3, "%s", utf(env, text).c_str());
 }
 
 PROBE(void, postGLError)(JNIEnv* env, jclass, jstring text) {

@@ -18,7 +18,7 @@ public final class Demo {
 
     Orvex.setErrorListener(message -> System.out.printf("Toolkit error received on thread \"%s\":%n  %s%n",
         Thread.currentThread().getName(), message.replace("\n", "\n  ")));
-    DemoNatives.postReadErrorFromNativeThread("scene.iv", 12, "Unknown node type \"Sepparator\"");
+    DemoNatives.postReadErrorFromNativeThread("scene.ovx", 12, "Unknown node type \"Sepparator\"");
     System.out.println("Done.");
   }
 }
