@@ -1,0 +1,249 @@
+"""Writes the C++ half: one <Class>_jni.cpp per Java class."""
+from __future__ import annotations
+
+from typing import Dict, List, Set
+
+from .cmodel import CClass, CType
+from .naming import jni_name
+from .plan import ClassPlan, Method
+from .types import READ_WRITE, JAVA_ARRAY_JNI
+
+PROTECTED_MESSAGE = "Call of protected methods not allowed."
+
+
+def _headers_of(t: CType, classes: Dict[str, CClass], out: Set[str]) -> None:
+    while t is not None:
+        if t.kind == "class" and t.name in classes:
+            out.add(classes[t.name].header)
+        if t.kind == "enum":
+            owner = t.name.split("::")[0]
+            if owner in classes:
+                out.add(classes[owner].header)
+        t = t.inner
+
+
+def _call_expression(plan: ClassPlan, m: Method) -> str:
+    cls = plan.name
+    f = m.cfunc
+    args = ", ".join(a.cpp_arg for a in m.args)
+    if m.operator:
+        return f"((*self) {m.operator} ({args}))"
+    if m.guard == "protected":
+        target = "Access::get()"
+        return f"{target}({args})" if f.is_static else f"(self->*{target})({args})"
+    if f.is_static:
+        return f"{cls}::{f.name}({args})"
+    if m.guard == "overridable" and not f.is_pure:
+        # A Java-extended object reached this entry point through `super`:
+        # run the toolkit's own implementation, not the override that called Java.
+        return (f"(dynamic_cast<ICustomClass*>(self) != nullptr ? self->{cls}::{f.name}({args}) "
+                f": self->{f.name}({args}))")
+    return f"self->{f.name}({args})"
+
+
+def _protected_access(plan: ClassPlan, m: Method) -> List[str]:
+    f = m.cfunc
+    cls = plan.name
+    params = ", ".join(p.type.spelling for p in f.params)
+    if f.is_static:
+        fn = f"{f.result.spelling} (*)({params})"
+    else:
+        fn = f"{f.result.spelling} ({cls}::*)({params}){' const' if f.is_const else ''}"
+    return [
+        f"using Fn = {fn};",
+        "// Derived only to name the protected member; never instantiated.",
+        f"struct Access : {cls} {{",
+        f"  static Fn get() {{ return &Access::{f.name}; }}",
+        "};",
+    ]
+
+
+def _result_lines(m: Method, expr: str) -> List[str]:
+    r = m.result
+    k = r.kind
+    if k in ("void", "self"):
+        return [f"{expr};"]
+    if k == "prim":
+        return [f"const {r.jni_type} result = static_cast<{r.jni_type}>({expr});"]
+    if k == "bool":
+        return [f"const jboolean result = {expr} ? JNI_TRUE : JNI_FALSE;"]
+    if k == "enum":
+        return [f"const jint result = static_cast<jint>({expr});"]
+    if k == "string":
+        return [f"const jstring result = StringHelper::fromNativeString(env, {expr});"]
+    if k == "sotype":
+        return [f"const jstring result = StringHelper::fromNativeString(env, ({expr}).getName());"]
+    if k == "handle":
+        return [f"const jlong result = reinterpret_cast<jlong>({expr});"]
+    if k in ("handle_ref", "value_ref"):
+        return [f"const jlong result = reinterpret_cast<jlong>(&({expr}));"]
+    if k == "handle_owned":
+        return [f"const jlong result = reinterpret_cast<jlong>(new {r.cpp_class}({expr}));"]
+    if k in ("plist", "plist_ptr"):
+        # Element addresses in list order, copied through a temporary buffer.
+        if k == "plist_ptr":
+            head = [f"const SbPList* list = {expr};"]
+        else:  # by value or by reference: bind it (a temporary lives as long as the reference)
+            head = [f"const SbPList& listValue = {expr};", "const SbPList* list = &listValue;"]
+        return head + [
+                "jlongArray result = nullptr;",
+                "if (list != nullptr) {",
+                "  std::vector<long long> addresses(static_cast<size_t>(list->getLength()));",
+                "  for (size_t i = 0; i < addresses.size(); ++i)",
+                "    addresses[i] = reinterpret_cast<long long>(list->get(static_cast<int>(i)));",
+                "  result = addresses.empty() ? env->NewLongArray(0)",
+                "                             : ArrayHelper::fromNativeArray(env, addresses.data(), addresses.size());",
+                "}"]
+    if k == "value":
+        return [f"const {r.cpp_class} resultValue = {expr};",
+                "ArrayHelper returnedValueHelper(env);",
+                f"*reinterpret_cast<{r.cpp_class}*>(returnedValueHelper.toNativeArray(returnedValue, {READ_WRITE})) "
+                f"= resultValue;"]
+    raise AssertionError(k)
+
+
+def _method(plan: ClassPlan, m: Method, module_class: str) -> List[str]:
+    cls = plan.name
+    r = m.result
+    params = ["JNIEnv* env", "jclass"]
+    if m.receiver == "value":
+        params.append(f"{JAVA_ARRAY_JNI[plan.wrapped.elem]} nativeObject")
+    elif m.receiver == "handle":
+        params.append("jlong nativeObject")
+    params += [f"{a.jni_type} {a.name}" for a in m.args]
+    if r.kind == "value":
+        params.append(f"{JAVA_ARRAY_JNI[r.value_class.elem]} returnedValue")
+    jret = "jlong" if m.is_ctor and plan.kind != "value" else r.jni_type
+    sym = jni_name(plan.package, cls, m.native_name)
+    out = [f"JNIEXPORT {jret} JNICALL {sym}({', '.join(params)}) {{"]
+    body: List[str] = []
+    if m.receiver == "value":
+        body.append("ArrayHelper nativeObjectArrayHelper(env);")
+        body.append(f"{cls}* self = reinterpret_cast<{cls}*>("
+                    f"nativeObjectArrayHelper.toNativeArray(nativeObject, {READ_WRITE}));")
+    elif m.receiver == "handle":
+        body.append(f"{cls}* self = reinterpret_cast<{cls}*>(nativeObject);")
+    if m.guard == "protected":
+        body += ["if (dynamic_cast<ICustomClass*>(self) == nullptr) {",
+                 f'  ExceptionHelper::throwIllegalAccessException(env, "{PROTECTED_MESSAGE}");',
+                 "  return" + ("" if jret == "void" else " {}") + ";",
+                 "}"]
+        body += _protected_access(plan, m)
+    for a in m.args:
+        body += a.pre
+    args = ", ".join(a.cpp_arg for a in m.args)
+    if m.is_ctor:
+        if plan.kind == "value":
+            body.append(f"new (self) {cls}({args});")
+        else:
+            body.append(f"return reinterpret_cast<jlong>(new {cls}({args}));")
+        out += ["  " + line for line in body] + ["}", ""]
+        return out
+    body += _result_lines(m, _call_expression(plan, m))
+    for a in m.args:
+        body += a.post
+    if r.kind not in ("void", "self", "value"):
+        body.append("return result;")
+    out += ["  " + line for line in body] + ["}", ""]
+    return out
+
+
+def emit(plan: ClassPlan, classes: Dict[str, CClass], module: str) -> str:
+    cls = plan.name
+    qualified = plan.wrapped.qualified
+    headers: Set[str] = {plan.cls.header}
+    wrapped = plan.wrapped_methods()
+    variadic = False
+    guards = False
+    for m in wrapped:
+        for p in m.cfunc.params:
+            _headers_of(p.type, classes, headers)
+        _headers_of(m.cfunc.result, classes, headers)
+        if m.result.kind in ("plist", "plist_ptr") and "SbPList" in classes:
+            headers.add(classes["SbPList"].header)
+        variadic = variadic or m.cfunc.is_variadic
+        guards = guards or bool(m.guard)
+    if plan.class_type_id:
+        headers.add(classes["SoType"].header if "SoType" in classes else "Orvex/SoType.h")
+
+    lines = [f"// JNI entry points of {qualified}, generated by orvexgen from <{plan.cls.header}>.",
+             "// Do not edit: change the header or the package's rules file instead.",
+             "#include <jni.h>", ""]
+    lines += [f"#include <{h}>" for h in sorted(headers)]
+    lines += ["#include <Orvex/misc/SoModuleCheck.h>", ""]
+    lines += ["#include <cstring>", "#include <new>", "#include <type_traits>", "#include <vector>", ""]
+    lines += ['#include "ArrayHelper.h"', '#include "ExceptionHelper.h"', '#include "StringArrayHelper.h"',
+              '#include "StringHelper.h"']
+    if guards:
+        lines.append('#include "custom/ICustomClass.h"')
+    lines.append("")
+    if variadic:
+        lines += ["// Messages are passed in the position of the toolkit's format string, as the",
+                  "// toolkit's contract says; a '%' in them is the toolkit's to interpret.",
+                  '#pragma GCC diagnostic ignored "-Wformat-security"',
+                  '#pragma GCC diagnostic ignored "-Wformat-nonliteral"', ""]
+    lines += ["namespace {",
+              f'const SoModuleCheck s_moduleCheck("{module}", "{qualified}");',
+              "}  // namespace", "", 'extern "C" {', ""]
+
+    if plan.kind == "value":
+        elem = plan.wrapped.elem
+        jarr = JAVA_ARRAY_JNI[elem]
+        sig = "[" + {"float": "F", "double": "D", "int": "I", "short": "S", "byte": "B", "long": "J"}[elem]
+        lines += [
+            f"JNIEXPORT void JNICALL {jni_name(plan.package, cls, 'checkSize')}(JNIEnv* env, jclass) {{",
+            f"  if (sizeof({cls}) != {plan.assumed_bytes})",
+            f'    env->FatalError("{qualified}:: Basic type size differs in managed and native worlds. '
+            f'Runtime aborted.");',
+            "}", "",
+            f"JNIEXPORT void JNICALL {jni_name(plan.package, cls, 'setValueFromHandle')}"
+            f"(JNIEnv* env, jclass, {jarr} array, jlong address) {{",
+            "  ArrayHelper arrayHelper(env);",
+            "  void* storage = arrayHelper.toNativeArray(array, ArrayHelper::READ_WRITE);",
+            f"  const {cls}& source = *reinterpret_cast<const {cls}*>(address);",
+            f"  if constexpr (std::is_trivially_copyable_v<{cls}>)",
+            f"    std::memcpy(storage, &source, sizeof({cls}));",
+            "  else",
+            f"    *static_cast<{cls}*>(storage) = source;",
+            "}", "",
+            f"JNIEXPORT void JNICALL {jni_name(plan.package, cls, 'toArrayImpl')}"
+            f"(JNIEnv* env, jclass clazz, jobjectArray objects, jlong address) {{",
+            "  if (objects == nullptr || address == 0) return;",
+            "  const jsize count = env->GetArrayLength(objects);",
+            "  if (count == 0) return;",
+            f'  const jfieldID arrayField = env->GetFieldID(clazz, "array", "{sig}");',
+            "  const char* values = reinterpret_cast<const char*>(address);",
+            "  for (jsize i = 0; i < count; ++i) {",
+            "    jobject element = env->GetObjectArrayElement(objects, i);",
+            f"    auto storage = static_cast<{jarr}>(env->GetObjectField(element, arrayField));",
+            "    {",
+            "      ArrayHelper storageHelper(env);",
+            f"      std::memcpy(storageHelper.toNativeArray(storage, ArrayHelper::READ_WRITE), "
+            f"values + i * sizeof({cls}), sizeof({cls}));",
+            "    }",
+            "    env->DeleteLocalRef(storage);",
+            "    env->DeleteLocalRef(element);",
+            "  }",
+            "}", ""]
+    elif plan.kind == "owned":
+        sym = jni_name(plan.package, cls + "$NativeResourceHandle", "deleteNativeHandleImpl")
+        lines.append(f"JNIEXPORT void JNICALL {sym}(JNIEnv*, jclass, jlong address) {{")
+        if plan.cls.has_virtual_dtor:
+            lines.append(f"  if (address != 0) delete reinterpret_cast<{cls}*>(address);")
+        else:
+            lines.append(f"  delete reinterpret_cast<{cls}*>(address);")
+        lines += ["}", ""]
+
+    if plan.class_type_id:
+        lines += [f"JNIEXPORT jstring JNICALL {jni_name(plan.package, cls, 'getClassTypeId')}(JNIEnv* env, jclass) {{",
+                  f"  return StringHelper::fromNativeString(env, {cls}::getClassTypeId().getName());",
+                  "}", ""]
+    for e in plan.enums:
+        for cname, _ in e.constants:
+            sym = jni_name(plan.package, f"{cls}${e.name}", f"get{cname}")
+            lines += [f"JNIEXPORT jint JNICALL {sym}(JNIEnv*, jclass) {{",
+                      f"  return static_cast<jint>({cls}::{cname});", "}", ""]
+    for m in wrapped:
+        lines += _method(plan, m, qualified)
+    lines += ['}  // extern "C"', ""]
+    return "\n".join(lines)

@@ -1,0 +1,292 @@
+"""Decides what is wrapped and how: the native methods of each Java class,
+their numbers, conversions and guards."""
+from __future__ import annotations
+
+from dataclasses import dataclass, field
+from typing import Dict, List, Optional
+
+from . import cparse
+from .cmodel import CClass, CFunction, CType
+from .naming import java_package
+from .rules import PackageRules
+from .types import (JAVA_ELEM_BYTES, PRIM_JAVA, READ_ONLY, READ_WRITE, Arg, Result, TypeContext, Unsupported,
+                    WrappedClass)
+
+BINARY_OPERATORS = {"+=", "-=", "*=", "/=", "==", "+", "-", "*", "/"}
+
+
+class PlanError(RuntimeError):
+    pass
+
+
+@dataclass
+class Method:
+    group: str                # Java public name (before Impl)
+    index: int
+    cfunc: CFunction
+    native_name: str = ""
+    receiver: str = "none"    # none | value | handle
+    args: List[Arg] = field(default_factory=list)
+    result: Result = field(default_factory=lambda: Result("void"))
+    guard: str = ""           # "" | overridable | protected
+    is_ctor: bool = False
+    java_access: str = "public"
+    skipped: str = ""         # why it is not wrapped ("" when it is)
+    operator: str = ""        # the C++ operator symbol when the member is one
+
+
+@dataclass
+class EnumPlan:
+    name: str
+    cpp_name: str             # "SbDataType::DataType"
+    constants: List[tuple]
+
+
+@dataclass
+class ClassPlan:
+    cls: CClass
+    wrapped: WrappedClass
+    rules: PackageRules
+    java_base: str            # qualified Java base class, "" for none
+    base_wrapped: Optional[WrappedClass]
+    methods: List[Method] = field(default_factory=list)
+    enums: List[EnumPlan] = field(default_factory=list)
+    class_type_id: bool = False
+    assumed_bytes: int = 0
+    extensible: bool = False
+
+    @property
+    def name(self) -> str:
+        return self.cls.name
+
+    @property
+    def package(self) -> str:
+        return self.wrapped.package
+
+    @property
+    def kind(self) -> str:
+        return self.wrapped.kind
+
+    def wrapped_methods(self) -> List[Method]:
+        return [m for m in self.methods if not m.skipped]
+
+
+def _value_elem(classes: Dict[str, CClass], name: str) -> str:
+    """The single Java element type of a value class's storage."""
+    found = set()
+
+    def walk(t: CType) -> None:
+        if t.kind == "array":
+            walk(t.inner)
+        elif t.kind == "prim":
+            found.add(PRIM_JAVA[t.name][0])
+        elif t.kind == "class" and t.name in classes:
+            for ft in classes[t.name].field_types:
+                walk(ft)
+            for b in classes[t.name].bases:
+                for ft in classes[b].field_types:
+                    walk(ft)
+        else:
+            found.add("?" + t.spelling)
+
+    for b in cparse.ancestors(classes, name):
+        for ft in classes[b].field_types:
+            walk(ft)
+    for ft in classes[name].field_types:
+        walk(ft)
+    if len(found) != 1 or next(iter(found)).startswith("?"):
+        raise PlanError(f"{name}: a value type needs storage of one primitive type, found {sorted(found)}")
+    return next(iter(found))
+
+
+def collect_wrapped(classes: Dict[str, CClass], all_rules: Dict[str, PackageRules]) -> Dict[str, WrappedClass]:
+    """Every class selected by any rules file, with its kind."""
+    out: Dict[str, WrappedClass] = {}
+    for r in all_rules.values():
+        for name in r.classes:
+            if name not in classes:
+                raise PlanError(f"{r.path}: class {name} not found in the headers")
+            cls = classes[name]
+            pkg = java_package(cls.folder)
+            if pkg != r.package:
+                raise PlanError(f"{r.path}: {name} is declared in {cls.folder} (package {pkg})")
+            if name in r.value:
+                elem = _value_elem(classes, name)
+                length = cls.size // JAVA_ELEM_BYTES[elem]
+                if length * JAVA_ELEM_BYTES[elem] != cls.size:
+                    raise PlanError(f"{name}: size {cls.size} is not a multiple of its {elem} elements")
+                out[name] = WrappedClass(name, pkg, "value", elem, length)
+            elif "SoRefCounter" in cparse.ancestors(classes, name) or name == "SoRefCounter":
+                out[name] = WrappedClass(name, pkg, "refcounted")
+            else:
+                out[name] = WrappedClass(name, pkg, "owned")
+    return out
+
+
+def collect_enums(classes: Dict[str, CClass], wrapped: Dict[str, WrappedClass]) -> Dict[str, tuple]:
+    out = {}
+    for name in wrapped:
+        for e in classes[name].enums:
+            if e.access == "public":
+                out[f"{name}::{e.name}"] = (name, e.name)
+    return out
+
+
+def _operator_group(f: CFunction, cls: CClass, rules: PackageRules) -> Optional[str]:
+    """The Java name of a binary operator of this class, or None when the
+    operator has no Java form (unary, indexing, comparisons other than ==)."""
+    sym = f.name[len("operator"):].strip()
+    if sym not in rules.operators or sym not in BINARY_OPERATORS:
+        return None
+    if f.is_free:
+        if len(f.params) != 2:
+            return None
+        first = f.params[0].type.strip_ref()
+        if first.kind != "class" or first.name != cls.name:
+            return None
+    elif len(f.params) != 1:
+        return None
+    return rules.operators[sym]
+
+
+def plan_class(name: str, classes: Dict[str, CClass], wrapped: Dict[str, WrappedClass],
+               enums: Dict[str, tuple], rules: PackageRules) -> ClassPlan:
+    cls = classes[name]
+    w = wrapped[name]
+    crules = rules.for_class(name)
+    base_w = None
+    java_base = ""
+    for b in cls.bases:
+        if b in wrapped:
+            base_w = wrapped[b]
+            java_base = base_w.qualified
+            break
+    if not java_base and w.kind != "value":
+        java_base = "com.orvexa.orvex.misc.SoBase" if w.kind == "refcounted" else "com.orvexa.orvex.Orvex"
+    if base_w is not None and (base_w.kind == "value") != (w.kind == "value"):
+        raise PlanError(f"{name}: a value type and a handle class cannot derive from each other")
+
+    plan = ClassPlan(cls, w, rules, java_base, base_w, extensible=name in rules.extensible)
+    plan.assumed_bytes = crules.assumed_bytes or cls.size
+    ctx = TypeContext(classes, wrapped, enums, w.package)
+
+    for e in cls.enums:
+        if e.access == "public":
+            plan.enums.append(EnumPlan(e.name, f"{name}::{e.name}", e.constants))
+
+    functions = list(cls.functions)
+    if not cls.has_user_ctor and not cls.is_abstract and cls.has_public_default_ctor:
+        # The implicit default constructor.
+        functions.insert(0, CFunction(name=name, params=[], result=CType("void", "void"), is_ctor=True, order=0))
+    functions.sort(key=lambda f: f.order)
+
+    counters: Dict[str, int] = {}
+    for f in functions:
+        if f.access == "private":
+            continue
+        if f.is_ctor:
+            group = "ctor"
+        elif f.is_operator:
+            group = _operator_group(f, cls, rules)
+            if group is None:
+                continue
+        elif f.name == "getClassTypeId" and f.is_static and not f.params and \
+                f.result.kind == "class" and f.result.name == "SoType":
+            plan.class_type_id = True
+            continue
+        else:
+            group = f.name
+        index = counters.get(group, crules.reserve.get(group, 0))
+        counters[group] = index + 1
+        m = Method(group, index, f, is_ctor=f.is_ctor)
+        if f.is_operator:
+            m.operator = f.name[len("operator"):].strip()
+        base = "ctorImpl" if f.is_ctor else f"{group}Impl"
+        m.native_name = base + (str(index) if index else "")
+        key = f"{group}:{index}"
+        if key in crules.java_side:
+            m.skipped = "implemented on the Java side"
+        elif f.name in rules.exclude or f.name in crules.exclude:
+            m.skipped = "excluded by the rules"
+        elif f.is_ctor and cls.is_abstract:
+            m.skipped = "abstract class"
+        elif f.access == "protected" and not plan.extensible:
+            m.skipped = "protected member of a class Java does not extend"
+        else:
+            try:
+                _convert(m, plan, ctx, rules)
+            except Unsupported as e:
+                m.skipped = str(e)
+        plan.methods.append(m)
+    unknown = crules.java_side - {f"{m.group}:{m.index}" for m in plan.methods}
+    if unknown:
+        raise PlanError(f"{name}: java_side names no overload: {sorted(unknown)}")
+    return plan
+
+
+def _convert(m: Method, plan: ClassPlan, ctx: TypeContext, rules: PackageRules) -> None:
+    f = m.cfunc
+    kind = plan.kind
+    params = list(f.params)
+    if f.is_ctor:
+        m.receiver = "value" if kind == "value" else "none"
+    elif f.is_free:
+        m.receiver = "value" if kind == "value" else "handle"
+        params = params[1:]
+    elif f.is_static:
+        m.receiver = "none"
+    else:
+        m.receiver = "value" if kind == "value" else "handle"
+    mode = READ_ONLY if m.group in rules.read_only else READ_WRITE
+    names = []
+    for i, p in enumerate(params):
+        pname = p.name if p.name and p.name not in names else f"arg{i}"
+        if pname in ("env", "clazz", "nativeObject", "returnedValue", "self", "result", "array"):
+            pname += "Arg"
+        names.append(pname)
+    for i, p in enumerate(params):
+        count = _buffer_count(params, i)
+        if count is not None:
+            m.args.append(ctx.int_buffer(names[i], names[count]))
+        else:
+            m.args.append(ctx.arg(names[i], p.type, mode))
+    if not f.is_ctor:
+        m.result = ctx.result(f.result, plan.name, m.receiver)
+        if m.operator and m.result.kind not in ("void", "self", "bool", "value", "prim", "handle_owned"):
+            raise Unsupported(f"operator result {f.result.spelling}")
+    if f.is_virtual and plan.extensible and f.access == "public" and not f.is_static:
+        m.guard = "overridable"
+    if f.access == "protected":
+        m.guard = "protected"
+        m.java_access = "protected"
+
+
+def _is_int_out(t: CType) -> bool:
+    return t.kind == "lref" and t.inner.kind == "prim" and t.inner.name == "int" and not t.inner.const
+
+
+def _buffer_count(params, i: int) -> Optional[int]:
+    """Index of the `int&` count that goes with a `const int*&` at i, or None."""
+    t = params[i].type
+    if not (t.kind == "lref" and t.inner.kind == "ptr" and t.inner.inner.kind == "prim"
+            and t.inner.inner.name == "int" and t.inner.inner.const):
+        return None
+    for j in (i - 1, i + 1):
+        if 0 <= j < len(params) and _is_int_out(params[j].type):
+            return j
+    return None
+
+
+def check_public_signatures(plan: ClassPlan) -> None:
+    """Two wrapped overloads must not end up with the same Java signature."""
+    seen = {}
+    for m in plan.wrapped_methods():
+        if m.group == "equals" and m.operator == "==":
+            continue   # becomes equals(Object)
+        static = m.receiver == "none" and not m.is_ctor
+        key = ("<init>" if m.is_ctor else m.group, tuple(a.public_type for a in m.args))
+        if key in seen:
+            raise PlanError(f"{plan.name}: {seen[key]} and {m.native_name} have the same Java signature {key}; "
+                            f"move one to the Java side in the rules")
+        seen[key] = m.native_name
+        del static

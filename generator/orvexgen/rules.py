@@ -1,0 +1,91 @@
+"""The per-package rules files (generator/rules/<java package>.toml).
+
+Keys (all optional):
+  classes            classes of the header folder to wrap (default: none)
+  value              classes that are array-backed value types
+  extensible         classes that Java may subclass (guards are generated)
+  exclude            member names never wrapped (every class)
+  operators          table: C++ operator -> Java method name
+  read_only          Java method names whose value operands are pinned READ_ONLY
+  [class.<Name>]
+    java_side        overloads the Java side implements: "name:index" or "ctor:index"
+    exclude          member names of this class never wrapped
+    reserve          table: name -> how many numbers come before the class's
+                     own overloads of that name (numbers owned by the Java side)
+    assumed_bytes    byte size the Java class assumes (checks only; defaults to
+                     the size of the C++ class)
+"""
+from __future__ import annotations
+
+import os
+import tomllib
+from dataclasses import dataclass, field
+from typing import Dict, List, Set
+
+
+@dataclass
+class ClassRules:
+    java_side: Set[str] = field(default_factory=set)
+    exclude: Set[str] = field(default_factory=set)
+    reserve: Dict[str, int] = field(default_factory=dict)
+    assumed_bytes: int = 0
+
+
+@dataclass
+class PackageRules:
+    package: str
+    path: str
+    classes: List[str] = field(default_factory=list)
+    value: Set[str] = field(default_factory=set)
+    extensible: Set[str] = field(default_factory=set)
+    exclude: Set[str] = field(default_factory=set)
+    operators: Dict[str, str] = field(default_factory=dict)
+    read_only: Set[str] = field(default_factory=set)
+    per_class: Dict[str, ClassRules] = field(default_factory=dict)
+
+    def for_class(self, name: str) -> ClassRules:
+        return self.per_class.get(name, ClassRules())
+
+
+_TOP = {"classes", "value", "extensible", "exclude", "operators", "read_only", "class"}
+_CLASS = {"java_side", "exclude", "reserve", "assumed_bytes"}
+
+
+def load(path: str) -> PackageRules:
+    with open(path, "rb") as f:
+        data = tomllib.load(f)
+    unknown = set(data) - _TOP
+    if unknown:
+        raise ValueError(f"{path}: unknown keys {sorted(unknown)}")
+    package = os.path.basename(path)[: -len(".toml")]
+    r = PackageRules(package=package, path=path)
+    r.classes = list(data.get("classes", []))
+    r.value = set(data.get("value", []))
+    r.extensible = set(data.get("extensible", []))
+    r.exclude = set(data.get("exclude", []))
+    r.operators = dict(data.get("operators", {}))
+    bad = [k for k, v in r.operators.items() if not isinstance(v, str) or k.isidentifier()]
+    if bad:
+        raise ValueError(f"{path}: [operators] maps operator symbols to Java names; not operators: {bad}")
+    r.read_only = set(data.get("read_only", []))
+    for name, c in data.get("class", {}).items():
+        unknown = set(c) - _CLASS
+        if unknown:
+            raise ValueError(f"{path}: class {name}: unknown keys {sorted(unknown)}")
+        if name not in r.classes:
+            raise ValueError(f"{path}: rules for {name}, which is not in 'classes'")
+        r.per_class[name] = ClassRules(set(c.get("java_side", [])), set(c.get("exclude", [])),
+                                       dict(c.get("reserve", {})), int(c.get("assumed_bytes", 0)))
+    for v in r.value | r.extensible:
+        if v not in r.classes:
+            raise ValueError(f"{path}: {v} is listed but not in 'classes'")
+    return r
+
+
+def load_dir(rules_dir: str) -> Dict[str, PackageRules]:
+    out = {}
+    for name in sorted(os.listdir(rules_dir)):
+        if name.endswith(".toml"):
+            r = load(os.path.join(rules_dir, name))
+            out[r.package] = r
+    return out

@@ -1,0 +1,207 @@
+package com.orvexa.genprobe;
+
+import static org.junit.jupiter.api.Assertions.assertArrayEquals;
+import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertFalse;
+import static org.junit.jupiter.api.Assertions.assertNull;
+import static org.junit.jupiter.api.Assertions.assertThrows;
+import static org.junit.jupiter.api.Assertions.assertTrue;
+
+import java.lang.reflect.Method;
+import java.nio.ByteBuffer;
+import java.nio.ByteOrder;
+import java.lang.reflect.Modifier;
+import java.util.Arrays;
+import java.util.Set;
+import java.util.TreeSet;
+import java.util.stream.Collectors;
+import org.junit.jupiter.api.BeforeAll;
+import org.junit.jupiter.api.Nested;
+import org.junit.jupiter.api.Test;
+
+/** The generated fixture classes, run in the JVM. */
+class GeneratedFixtureTest {
+  @BeforeAll
+  static void loadFixtureLibrary() {
+    GenProbeSupport.load();
+  }
+
+  private static Set<String> nativeNames(Class<?> cls) {
+    return Arrays.stream(cls.getDeclaredMethods())
+        .filter(m -> Modifier.isNative(m.getModifiers()))
+        .map(Method::getName)
+        .collect(Collectors.toCollection(TreeSet::new));
+  }
+
+  @Nested
+  class Guards {
+    @Test
+    void plainObjectRunsItsOwnImplementation() {
+      assertEquals("base", new GuardProbe().describe());
+    }
+
+    @Test
+    void nativeSubclassIsDispatchedVirtually() {
+      assertEquals("derived", GuardProbe.makeDerived().describe());
+    }
+
+    @Test
+    void javaExtendedObjectGetsTheBaseImplementationNotItsOverride() {
+      GuardProbe custom = GuardProbe.fromOwnedHandle(GenProbeSupport.makeCustom());
+      assertEquals("base", custom.describe());
+    }
+
+    @Test
+    void protectedMemberRefusedOnPlainObjects() {
+      IllegalAccessException e = assertThrows(IllegalAccessException.class, () -> callSecret(new GuardProbe(), 3));
+      assertEquals("Call of protected methods not allowed.", e.getMessage());
+    }
+
+    @Test
+    void protectedMemberAllowedOnJavaExtendedObjects() throws Exception {
+      GuardProbe custom = GuardProbe.fromOwnedHandle(GenProbeSupport.makeCustom());
+      assertEquals(21, callSecret(custom, 3));
+    }
+
+    // The JNI exception is a checked one that the Java signature does not
+    // declare; rethrow it as what it is.
+    private int callSecret(GuardProbe probe, int x) throws IllegalAccessException {
+      try {
+        return probe.secret(x);
+      } catch (Throwable t) {
+        if (t instanceof IllegalAccessException) throw (IllegalAccessException) t;
+        throw t;
+      }
+    }
+  }
+
+  @Nested
+  class Enums {
+    @Test
+    void constantsReadTheirValuesFromNative() {
+      assertEquals(0, GuardProbe.Mode.QUIET.getValue());
+      assertEquals(3, GuardProbe.Mode.LOUD_MODE.getValue());
+    }
+
+    @Test
+    void enumArgumentsAndResultsCrossAsInt() {
+      GuardProbe p = new GuardProbe();
+      assertEquals(GuardProbe.Mode.QUIET, p.getMode());
+      p.setMode(GuardProbe.Mode.LOUD_MODE);
+      assertEquals(GuardProbe.Mode.LOUD_MODE, p.getMode());
+    }
+  }
+
+  @Nested
+  class Numbering {
+    @Test
+    void nativeMethodsCarryTheOverloadNumbers() {
+      Set<String> names = nativeNames(ProbeValue.class);
+      assertTrue(names.containsAll(Set.of("ctorImpl", "ctorImpl1", "ctorImpl2", "setValueImpl1", "setValueImpl2",
+          "multiplyImpl", "multiplyImpl1", "addImpl", "equalsImpl", "equalsImpl1", "timesImpl", "sumImpl2",
+          "getImpl", "checkSize", "setValueFromHandle", "toArrayImpl")), names.toString());
+      assertFalse(names.contains("setValueImpl"), "number 0 is done in Java");
+      assertFalse(names.contains("sumImpl"), "numbers 0 and 1 of sum are reserved");
+      assertFalse(names.contains("timesImpl1"), "operator*(float, v) is not a member of the class's Java form");
+    }
+
+    @Test
+    void nestedHandleClassHasTheDeleteEntry() {
+      assertEquals(Set.of("deleteNativeHandleImpl"), nativeNames(GuardProbe.NativeResourceHandle.class));
+    }
+  }
+
+  @Nested
+  class Values {
+    @Test
+    void javaSideOverloadAndNativeOverloadsAgree() {
+      ProbeValue a = new ProbeValue().setValue(new float[] {1, 2});
+      ProbeValue b = new ProbeValue(1, 2);
+      assertEquals(a, b);
+      assertEquals(3f, b.sum());
+    }
+
+    @Test
+    void receiverAsItsOwnArgumentDoubles() {
+      ProbeValue v = new ProbeValue(1.5f, -2f);
+      v.add(v);
+      assertArrayEquals(new float[] {3f, -4f}, v.array);
+    }
+
+    @Test
+    void readOnlyOperandIsNotCopiedBack() {
+      ProbeValue a = new ProbeValue(1, 2);
+      ProbeValue b = new ProbeValue(1, 2);
+      assertTrue(a.equals(b, 0.01f));
+      // The native side wrote -1 into its view of b; READ_ONLY drops that view.
+      assertArrayEquals(new float[] {1, 2}, b.array);
+    }
+
+    @Test
+    void readWriteOperandIsCopiedBack() {
+      ProbeValue a = new ProbeValue(1, 2);
+      ProbeValue b = new ProbeValue(1, 2);
+      a.scribble(b);
+      assertEquals(99f, b.array[0]);
+    }
+
+    @Test
+    void outParametersArriveInOneElementArrays() {
+      float[] x = new float[1];
+      float[] y = new float[1];
+      new ProbeValue(4, 5).get(x, y);
+      assertEquals(4f, x[0]);
+      assertEquals(5f, y[0]);
+    }
+
+    @Test
+    void operatorResultsAreNewValues() {
+      ProbeValue v = new ProbeValue(1, 2);
+      ProbeValue w = v.times(3f);
+      assertArrayEquals(new float[] {3, 6}, w.array);
+      assertArrayEquals(new float[] {1, 2}, v.array);
+      v.multiply(new ProbeValue(2, 10));
+      assertArrayEquals(new float[] {2, 20}, v.array);
+    }
+  }
+
+  @Nested
+  class Collections {
+    @Test
+    void objectArraysGoInAsHandlesAndPointerListsComeBackAsAddresses() {
+      GuardProbe a = new GuardProbe();
+      GuardProbe b = new GuardProbe();
+      ProbeList list = new ProbeList();
+      list.setProbes(new GuardProbe[] {a, b, null}, 3);
+      assertArrayEquals(new long[] {a.getNativeResourceHandleInternal(), b.getNativeResourceHandleInternal(), 0L},
+          list.getProbes());
+      assertEquals(3, list.findProbes(false).length);
+      assertNull(list.findProbes(true), "no list from the toolkit: null, not an empty array");
+      list.setProbes(new GuardProbe[0], 0);
+      assertEquals(0, list.getProbes().length);
+    }
+
+    @Test
+    void stringArraysAsUtf8AndAsToolkitStrings() {
+      ProbeList list = new ProbeList();
+      assertEquals(5, list.joinLength(new String[] {"ab", "cde"}, 2));
+      assertEquals("x,\u00e9\ud83d\ude00,z", list.joinNames(new String[] {"x", "\u00e9\ud83d\ude00", "z"}, 3));
+    }
+
+    @Test
+    void toolkitOwnedIntsArriveAsADirectBufferWithoutCopy() {
+      ProbeList list = new ProbeList();
+      list.setCodes(7, 8, 9);
+      int[] count = new int[1];
+      ByteBuffer[] codes = new ByteBuffer[1];
+      list.getCodes(count, codes);
+      assertEquals(3, count[0]);
+      assertTrue(codes[0].isDirect());
+      assertEquals(12, codes[0].capacity());
+      ByteBuffer view = codes[0].order(ByteOrder.nativeOrder());
+      assertEquals(8, view.getInt(4));
+      list.setCodes(1, 2, 3);
+      assertEquals(2, view.getInt(4), "the buffer views the toolkit's memory");
+    }
+  }
+}

@@ -1,0 +1,279 @@
+"""The generator on the fixture headers (tests/fixtures) and on the toolkit's
+own headers: names, numbers, shapes of the emitted code."""
+import os
+import re
+import sys
+import tempfile
+import unittest
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+GENERATOR = os.path.dirname(HERE)
+REPO = os.path.dirname(GENERATOR)
+sys.path.insert(0, GENERATOR)
+
+from orvexgen import emit_cpp, emit_java, main, plan as planner, rules as rules_mod  # noqa: E402
+
+FIXTURES = os.path.join(HERE, "fixtures")
+TOOLKIT_INCLUDE = os.path.join(REPO, "toolkit", "include")
+
+
+def fixture_plans():
+    classes, plans = main.build_plans(os.path.join(FIXTURES, "include"), os.path.join(FIXTURES, "rules"),
+                                      [TOOLKIT_INCLUDE])
+    return classes, {p.name: p for p in plans}
+
+
+class FixturePlans(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.classes, cls.plans = fixture_plans()
+
+    def natives(self, name):
+        return [m.native_name for m in self.plans[name].wrapped_methods()]
+
+    def test_kinds_and_value_storage(self):
+        p = self.plans["ProbeValue"]
+        self.assertEqual(p.kind, "value")
+        self.assertEqual((p.wrapped.elem, p.wrapped.length), ("float", 2))
+        self.assertEqual(self.plans["GuardProbe"].kind, "owned")
+
+    def test_numbering_keeps_gaps(self):
+        names = self.natives("ProbeValue")
+        # setValue number 0 is done in Java: no setValueImpl, but 1 and 2 keep their numbers.
+        self.assertNotIn("setValueImpl", names)
+        self.assertIn("setValueImpl1", names)
+        self.assertIn("setValueImpl2", names)
+        # Two numbers reserved by the rules for sum.
+        self.assertIn("sumImpl2", names)
+        self.assertNotIn("sumImpl", names)
+        self.assertEqual([n for n in names if n.startswith("ctorImpl")], ["ctorImpl", "ctorImpl1", "ctorImpl2"])
+
+    def test_operators_take_their_java_names_and_numbers(self):
+        names = self.natives("ProbeValue")
+        self.assertIn("multiplyImpl", names)   # *=(float)
+        self.assertIn("multiplyImpl1", names)  # *=(const ProbeValue&)
+        self.assertIn("addImpl", names)
+        self.assertIn("equalsImpl", names)     # operator==
+        self.assertIn("equalsImpl1", names)    # equals(v, tolerance)
+        # operator*(float, v) does not have the class as first operand, and
+        # unary minus has no Java form: neither is wrapped nor numbered.
+        self.assertEqual([n for n in names if n.startswith("times")], ["timesImpl"])
+        self.assertFalse([n for n in names if "minus" in n or "negate" in n])
+
+    def test_implicit_default_constructor_is_ctorImpl(self):
+        self.assertIn("ctorImpl", self.natives("GuardProbe"))
+        self.assertIn("ctorImpl", self.natives("MismatchedValue"))
+
+    def test_skipped_reasons(self):
+        skipped = {m.native_name: m.skipped for m in self.plans["ProbeValue"].methods if m.skipped}
+        self.assertEqual(skipped, {"setValueImpl": "implemented on the Java side"})
+
+
+class FixtureCpp(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.classes, cls.plans = fixture_plans()
+        cls.cpp = {n: emit_cpp.emit(p, cls.classes, "probe") for n, p in cls.plans.items()}
+
+    def body(self, cls, native):
+        text = self.cpp[cls]
+        m = re.search(r"JNICALL Java_\S+_" + native + r"\(.*?\n}\n", text, re.S)
+        self.assertIsNotNone(m, native)
+        return m.group(0)
+
+    def test_read_only_operand_of_equals(self):
+        eq = self.body("ProbeValue", "equalsImpl")
+        self.assertIn("bHelper.toNativeArray(b, ArrayHelper::READ_ONLY)", eq)
+        self.assertIn("nativeObjectArrayHelper.toNativeArray(nativeObject, ArrayHelper::READ_WRITE)", eq)
+        add = self.body("ProbeValue", "addImpl")
+        self.assertIn("oHelper.toNativeArray(o, ArrayHelper::READ_WRITE)", add)
+
+    def test_receiver_pinned_before_arguments(self):
+        add = self.body("ProbeValue", "addImpl")
+        self.assertLess(add.index("nativeObjectArrayHelper(env)"), add.index("oHelper(env)"))
+
+    def test_out_parameters_use_tmp_and_one_element_arrays(self):
+        get = self.body("ProbeValue", "getImpl")
+        self.assertIn("float aTmp{};", get)
+        self.assertIn("self->get(aTmp, bTmp);", get)
+        self.assertIn("*aArrayHelper.toNativeArray(a, ArrayHelper::READ_WRITE) = aTmp;", get)
+
+    def test_value_result_goes_to_returned_value(self):
+        times = self.body("ProbeValue", "timesImpl")
+        self.assertIn("jfloatArray returnedValue", times)
+        self.assertIn("returnedValueHelper.toNativeArray(returnedValue, ArrayHelper::READ_WRITE)", times)
+
+    def test_check_size_message(self):
+        self.assertIn('if (sizeof(MismatchedValue) != 12)', self.cpp["MismatchedValue"])
+        self.assertIn('env->FatalError("com.orvexa.genprobe.MismatchedValue:: Basic type size differs in managed '
+                      'and native worlds. Runtime aborted.");', self.cpp["MismatchedValue"])
+        self.assertIn("sizeof(ProbeValue) != 8", self.cpp["ProbeValue"])
+
+    def test_module_check_registration(self):
+        self.assertIn('const SoModuleCheck s_moduleCheck("probe", "com.orvexa.genprobe.GuardProbe");',
+                      self.cpp["GuardProbe"])
+
+    def test_delete_handle_of_virtual_class_checks_zero(self):
+        text = self.cpp["GuardProbe"]
+        self.assertIn("Java_com_orvexa_genprobe_GuardProbe_00024NativeResourceHandle_deleteNativeHandleImpl", text)
+        self.assertIn("if (address != 0) delete reinterpret_cast<GuardProbe*>(address);", text)
+
+    def test_overridable_guard(self):
+        d = self.body("GuardProbe", "describeImpl")
+        self.assertIn("dynamic_cast<ICustomClass*>(self) != nullptr ? self->GuardProbe::describe() "
+                      ": self->describe()", d)
+        # A non-virtual member has no guard.
+        self.assertNotIn("ICustomClass", self.body("GuardProbe", "getModeImpl"))
+
+    def test_protected_guard(self):
+        s = self.body("GuardProbe", "secretImpl")
+        self.assertIn('ExceptionHelper::throwIllegalAccessException(env, "Call of protected methods not allowed.");',
+                      s)
+        self.assertLess(s.index("throwIllegalAccessException"), s.index("Access::get()"))
+
+    def test_handle_arrays_string_arrays_lists_and_buffers(self):
+        self.assertIn("ArrayHelper probesHandleArrayHelper(env);", self.body("ProbeList", "setProbesImpl"))
+        self.assertIn("StringArrayHelper wordsHelper(env, words);", self.body("ProbeList", "joinLengthImpl"))
+        self.assertIn("wordsHelper.toUTFStringArray()", self.body("ProbeList", "joinLengthImpl"))
+        self.assertIn("namesHelper.toSbStringArray()", self.body("ProbeList", "joinNamesImpl"))
+        plist = self.body("ProbeList", "getProbesImpl")
+        self.assertIn("ArrayHelper::fromNativeArray(env, addresses.data(), addresses.size())", plist)
+        self.assertIn("JNIEXPORT jlongArray JNICALL Java_com_orvexa_genprobe_ProbeList_getProbesImpl", self.cpp["ProbeList"])
+        codes = self.body("ProbeList", "getCodesImpl")
+        self.assertIn("env->NewDirectByteBuffer(const_cast<int*>(codesTmp), static_cast<jlong>(countTmp) * 4)", codes)
+        self.assertIn("env->SetObjectArrayElement(codes, 0,", codes)
+
+    def test_enum_constants(self):
+        text = self.cpp["GuardProbe"]
+        self.assertIn("Java_com_orvexa_genprobe_GuardProbe_00024Mode_getLOUD_1MODE", text)
+        self.assertIn("return static_cast<jint>(GuardProbe::LOUD_MODE);", text)
+
+
+class FixtureJava(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        _, cls.plans = fixture_plans()
+        frag = os.path.join(FIXTURES, "fragments")
+        cls.java = {n: emit_java.emit(p, frag) for n, p in cls.plans.items()}
+
+    def test_value_class_shape(self):
+        j = self.java["ProbeValue"]
+        self.assertIn("public final float[] array;", j)
+        self.assertIn("static native void addImpl(float[] nativeObject, float[] o);", j)
+        self.assertIn("public ProbeValue add(ProbeValue o) {", j)
+        self.assertIn("public static native void toArrayImpl(ProbeValue[] objects, long address);", j)
+        self.assertIn("public static native void setValueFromHandle(float[] array, long address);", j)
+        self.assertIn("checkSize();", j)
+        self.assertIn("public boolean equals(Object o) {", j)
+        self.assertIn("public int hashCode() {", j)
+
+    def test_fragment_is_spliced(self):
+        self.assertIn("public ProbeValue setValue(float[] v) {", self.java["ProbeValue"])
+
+    def test_owned_class_shape(self):
+        j = self.java["GuardProbe"]
+        self.assertIn("public class GuardProbe extends com.orvexa.orvex.Orvex {", j)
+        self.assertIn("super(new NativeResourceHandle(ctorImpl()));", j)
+        self.assertIn("private static native void deleteNativeHandleImpl(long address);", j)
+        self.assertIn("protected int secret(int x) {", j)
+        self.assertIn("public enum Mode {", j)
+        self.assertIn("LOUD_MODE(value(Mode::getLOUD_MODE))", j)
+        self.assertIn("public GuardProbe.Mode getMode() {", j)
+        self.assertIn("setModeImpl(getNativeResourceHandleInternal(), mode.getValue());", j)
+
+
+class Determinism(unittest.TestCase):
+    def test_two_runs_write_identical_files(self):
+        args = ["--include-root", os.path.join(FIXTURES, "include"), "--rules-dir", os.path.join(FIXTURES, "rules"),
+                "--extra-include", TOOLKIT_INCLUDE, "--fragments-dir", os.path.join(FIXTURES, "fragments")]
+        with tempfile.TemporaryDirectory() as a, tempfile.TemporaryDirectory() as b:
+            self.assertEqual(main.main(args + ["--out-dir", a]), 0)
+            self.assertEqual(main.main(args + ["--out-dir", b]), 0)
+            files_a = sorted(os.path.relpath(os.path.join(d, f), a) for d, _, fs in os.walk(a) for f in fs)
+            files_b = sorted(os.path.relpath(os.path.join(d, f), b) for d, _, fs in os.walk(b) for f in fs)
+            self.assertEqual(files_a, files_b)
+            self.assertEqual(len(files_a), 8)
+            for f in files_a:
+                with open(os.path.join(a, f)) as fa, open(os.path.join(b, f)) as fb:
+                    self.assertEqual(fa.read(), fb.read(), f)
+
+
+class Rules(unittest.TestCase):
+    def write(self, d, text, name="com.orvexa.genprobe.toml"):
+        path = os.path.join(d, name)
+        with open(path, "w") as f:
+            f.write(text)
+        return path
+
+    def test_unknown_keys_are_refused(self):
+        with tempfile.TemporaryDirectory() as d:
+            with self.assertRaises(ValueError):
+                rules_mod.load(self.write(d, 'classes = ["GuardProbe"]\nwrapped = ["x"]\n'))
+
+    def test_operator_table_must_name_operators(self):
+        with tempfile.TemporaryDirectory() as d:
+            with self.assertRaises(ValueError):
+                rules_mod.load(self.write(d, 'classes = []\n[operators]\n"+=" = "add"\nread_only = ["equals"]\n'))
+
+    def test_java_side_must_name_an_overload(self):
+        with tempfile.TemporaryDirectory() as d:
+            self.write(d, 'classes = ["GuardProbe"]\n[class.GuardProbe]\njava_side = ["describe:5"]\n')
+            with self.assertRaises(planner.PlanError):
+                main.build_plans(os.path.join(FIXTURES, "include"), d, [TOOLKIT_INCLUDE])
+
+
+class ToolkitHeaders(unittest.TestCase):
+    """The entry-point names of the toolkit's own math classes."""
+
+    @classmethod
+    def setUpClass(cls):
+        _, plans = main.build_plans(TOOLKIT_INCLUDE, os.path.join(GENERATOR, "rules"))
+        cls.plans = {p.name: p for p in plans}
+
+    def natives(self, name, prefix):
+        return sorted(m.native_name for m in self.plans[name].wrapped_methods()
+                      if re.fullmatch(prefix + r"\d*", m.native_name))
+
+    def test_sbvec3f_constructors_and_setters(self):
+        self.assertEqual(self.natives("SbVec3f", "ctorImpl"), ["ctorImpl3"])
+        self.assertEqual(self.natives("SbVec3f", "setValueImpl"), ["setValueImpl2", "setValueImpl3"])
+
+    def test_sbrotation_entry_points(self):
+        self.assertEqual(self.natives("SbRotation", "setValueImpl"), [f"setValueImpl{i}" for i in range(1, 8)])
+        self.assertEqual(self.natives("SbRotation", "ctorImpl"), ["ctorImpl"] + [f"ctorImpl{i}" for i in range(1, 7)])
+        names = {m.native_name for m in self.plans["SbRotation"].wrapped_methods()}
+        for n in ("multiplyImpl", "getMatrixImpl", "getMatrixdImpl", "getMatrix3Impl", "multVecImpl", "slerpImpl",
+                  "scaleAngleImpl", "inverseImpl", "invertImpl", "identityImpl", "decomposeImpl", "equalsImpl",
+                  "equalsImpl1"):
+            self.assertIn(n, names)
+
+    def test_sbvec3f_operator_table(self):
+        names = {m.native_name: m for m in self.plans["SbVec3f"].wrapped_methods()}
+        for n in ("addImpl", "substractImpl", "multiplyImpl", "multiplyImpl1", "divideImpl", "negateImpl",
+                  "equalsImpl", "equalsImpl1", "plusImpl", "minusImpl", "timesImpl", "timesImpl1", "overImpl",
+                  "crossImpl", "dotImpl", "lengthImpl", "lengthSquaredImpl", "normalizeImpl", "getClosestAxisImpl"):
+            self.assertIn(n, names)
+        self.assertEqual(names["multiplyImpl"].cfunc.params[0].type.kind, "prim")       # *=(float)
+        self.assertEqual(names["timesImpl1"].cfunc.params[1].type.kind, "prim")          # *(v, float)
+
+    def test_value_sizes(self):
+        expected = {"SbVec3f": ("float", 3), "SbVec4ub": ("byte", 4), "SbBox4i32": ("int", 8),
+                    "SbXfBox3f": ("float", 38), "SbXfBox3d": ("double", 38), "SbMatrix3": ("float", 9),
+                    "SbCylinder": ("float", 7), "SbLined": ("double", 6), "SbRotationd": ("double", 4)}
+        for name, shape in expected.items():
+            w = self.plans[name].wrapped
+            self.assertEqual((w.elem, w.length), shape, name)
+
+    def test_errors_package(self):
+        self.assertEqual(self.plans["SoMemoryError"].package, "com.orvexa.orvex.errors")
+        names = {m.native_name for m in self.plans["SoMemoryError"].wrapped_methods()}
+        self.assertIn("postImpl1", names)
+        self.assertEqual({m.native_name for m in self.plans["SoDebugError"].wrapped_methods()} &
+                         {"postImpl", "postWarningImpl", "postInfoImpl", "getSeverityImpl"},
+                         {"postImpl", "postWarningImpl", "postInfoImpl", "getSeverityImpl"})
+        self.assertTrue(all(self.plans[n].class_type_id for n in
+                            ("SoError", "SoDebugError", "SoGLError", "SoMemoryError", "SoReadError", "SoErrorStack")))
+
+
+if __name__ == "__main__":
+    unittest.main()
