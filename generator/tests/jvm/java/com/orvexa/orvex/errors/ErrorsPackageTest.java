@@ -47,14 +47,14 @@ class ErrorsPackageTest {
     List<String> printed = new ArrayList<>();
     Consumer<String> previous = Orvex.setErrorListener(printed::add);
     try {
-      SoReadError.postAt("scene.iv", 12, "unexpected token");
+      SoReadError.postAt("scene.ovx", 12, "unexpected token");
       assertEquals(1, printed.size(), "start-up routes read errors to Orvex.printErrorMessage");
       List<String> handled = new ArrayList<>();
       SoError.setHandler(SoReadError.class, e -> handled.add(e.getDebugString()));
-      SoReadError.postAt("scene.iv", 13, "another");
+      SoReadError.postAt("scene.ovx", 13, "another");
       assertEquals(1, printed.size(), "the per-class route replaced the start-up route");
       assertEquals(1, handled.size());
-      assertTrue(handled.get(0).contains("scene.iv"), handled.get(0));
+      assertTrue(handled.get(0).contains("scene.ovx"), handled.get(0));
     } finally {
       Orvex.setErrorListener(previous);
     }
