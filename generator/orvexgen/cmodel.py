@@ -61,7 +61,7 @@ class CEnum:
 
 @dataclass
 class CClass:
-    name: str
+    name: str                 # qualified with its enclosing classes: "SoErrorStack::StackFrame"
     header: str               # include path, e.g. "Orvex/SbVec3f.h"
     folder: str               # header folder relative to the include root, e.g. "Orvex/errors"
     bases: List[str] = field(default_factory=list)
@@ -74,3 +74,9 @@ class CClass:
     has_user_ctor: bool = False
     has_public_default_ctor: bool = True
     is_polymorphic: bool = False
+    outer: str = ""           # the enclosing class of a nested class
+    nested: List[str] = field(default_factory=list)   # public nested classes, in declaration order
+
+    @property
+    def simple_name(self) -> str:
+        return self.name.rsplit("::", 1)[-1]

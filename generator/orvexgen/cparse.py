@@ -63,8 +63,7 @@ def convert_type(t: ci.Type) -> CType:
     if k == ci.TypeKind.ENUM:
         return CType("enum", spelling, const, name=t.get_canonical().spelling.replace("const ", ""))
     if k == ci.TypeKind.RECORD:
-        decl = t.get_declaration()
-        return CType("class", spelling, const, name=decl.spelling)
+        return CType("class", spelling, const, name=qualified_name(t.get_declaration()))
     if k == ci.TypeKind.LVALUEREFERENCE:
         return CType("lref", spelling, False, inner=convert_type(t.get_pointee()))
     if k == ci.TypeKind.POINTER:
@@ -78,6 +77,20 @@ def convert_type(t: ci.Type) -> CType:
     if k == ci.TypeKind.INCOMPLETEARRAY:
         return CType("ptr", spelling, const, inner=convert_type(t.element_type))
     return CType("other", spelling, const)
+
+
+_RECORDS = (ci.CursorKind.CLASS_DECL, ci.CursorKind.STRUCT_DECL)
+
+
+def qualified_name(decl: ci.Cursor) -> str:
+    """A class's name with the classes it is nested in ("SoErrorStack::StackFrame");
+    namespaces are not part of it."""
+    parts = [decl.spelling]
+    parent = decl.semantic_parent
+    while parent is not None and parent.kind in _RECORDS:
+        parts.insert(0, parent.spelling)
+        parent = parent.semantic_parent
+    return "::".join(parts)
 
 
 def _params(cursor: ci.Cursor) -> List[CParam]:
@@ -120,8 +133,12 @@ def _in_root(cursor: ci.Cursor, roots: List[str]) -> str:
     return ""
 
 
-def _read_class(cursor: ci.Cursor, header: str) -> CClass:
-    cls = CClass(name=cursor.spelling, header=header, folder=os.path.dirname(header))
+def _read_class(cursor: ci.Cursor, header: str, classes: Dict[str, CClass]) -> CClass:
+    """Reads one class into `classes`, and its public nested classes after it."""
+    name = qualified_name(cursor)
+    cls = CClass(name=name, header=header, folder=os.path.dirname(header),
+                 outer=name.rsplit("::", 1)[0] if "::" in name else "")
+    classes[cls.name] = cls
     cls.size = cursor.type.get_size()
     cls.is_abstract = cursor.is_abstract_record()
     order = 0
@@ -131,7 +148,7 @@ def _read_class(cursor: ci.Cursor, header: str) -> CClass:
         access = _ACCESS.get(c.access_specifier, "public")
         if c.kind == ci.CursorKind.CXX_BASE_SPECIFIER:
             if access == "public":
-                cls.bases.append(c.type.get_declaration().spelling)
+                cls.bases.append(qualified_name(c.type.get_declaration()))
         elif c.kind == ci.CursorKind.CONSTRUCTOR:
             f = _function(c, order, access)
             if c.is_copy_constructor() or c.is_move_constructor():
@@ -155,6 +172,8 @@ def _read_class(cursor: ci.Cursor, header: str) -> CClass:
             cls.enums.append(CEnum(c.spelling, consts, access))
         elif c.kind == ci.CursorKind.FIELD_DECL:
             cls.field_types.append(convert_type(c.type))
+        elif c.kind in _RECORDS and c.is_definition() and c.spelling and access == "public":
+            _read_class(c, header, classes)
     cls.has_user_ctor = bool(ctors)
     if ctors:
         cls.has_public_default_ctor = any(
@@ -189,9 +208,10 @@ def parse_headers(include_root: str, headers: Iterable[str], extra_args: List[st
             header = _in_root(c, roots)
             if not header:
                 continue
-            if c.kind in (ci.CursorKind.CLASS_DECL, ci.CursorKind.STRUCT_DECL) and c.is_definition():
-                if c.spelling and c.spelling not in classes:
-                    classes[c.spelling] = _read_class(c, header)
+            if c.kind in _RECORDS and c.is_definition():
+                # (A nested class may also be defined out of its class, here.)
+                if c.spelling and qualified_name(c) not in classes:
+                    _read_class(c, header, classes)
             elif c.kind == ci.CursorKind.FUNCTION_DECL and c.spelling.startswith("operator"):
                 free_ops.append(c)
             elif c.kind == ci.CursorKind.NAMESPACE and c.spelling != "std":
@@ -208,6 +228,10 @@ def parse_headers(include_root: str, headers: Iterable[str], extra_args: List[st
         first = f.params[0].type.strip_ref()
         if first.kind == "class" and first.name in classes:
             classes[first.name].functions.append(f)
+
+    for cls in classes.values():
+        if cls.outer in classes:
+            classes[cls.outer].nested.append(cls.name)
 
     # Virtual destructors are inherited.
     def virtual_dtor(name: str, seen=()) -> bool:

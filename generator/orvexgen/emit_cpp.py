@@ -16,7 +16,7 @@ def _headers_of(t: CType, classes: Dict[str, CClass], out: Set[str]) -> None:
         if t.kind == "class" and t.name in classes:
             out.add(classes[t.name].header)
         if t.kind == "enum":
-            owner = t.name.split("::")[0]
+            owner = t.name.rsplit("::", 1)[0]
             if owner in classes:
                 out.add(classes[owner].header)
         t = t.inner
@@ -73,7 +73,7 @@ def _result_lines(m: Method, expr: str) -> List[str]:
         return [f"const jstring result = StringHelper::fromNativeString(env, {expr});"]
     if k == "sotype":
         return [f"const jstring result = StringHelper::fromNativeString(env, ({expr}).getName());"]
-    if k == "handle":
+    if k in ("handle", "array"):
         return [f"const jlong result = reinterpret_cast<jlong>({expr});"]
     if k in ("handle_ref", "value_ref"):
         return [f"const jlong result = reinterpret_cast<jlong>(&({expr}));"]
@@ -114,7 +114,7 @@ def _method(plan: ClassPlan, m: Method, module_class: str) -> List[str]:
     if r.kind == "value":
         params.append(f"{JAVA_ARRAY_JNI[r.value_class.elem]} returnedValue")
     jret = "jlong" if m.is_ctor and plan.kind != "value" else r.jni_type
-    sym = jni_name(plan.package, cls, m.native_name)
+    sym = jni_name(plan.package, plan.binary_name, m.native_name)
     out = [f"JNIEXPORT {jret} JNICALL {sym}({', '.join(params)}) {{"]
     body: List[str] = []
     if m.receiver == "value":
@@ -148,9 +148,34 @@ def _method(plan: ClassPlan, m: Method, module_class: str) -> List[str]:
     return out
 
 
+def _owned_to_array(plan: ClassPlan) -> List[str]:
+    """toArrayImpl of a handle-backed class: like the value types' one, it
+    fills already constructed Java objects from a native contiguous array;
+    here element i is assigned (with the class's copy assignment) to the
+    native object of Java object i, whose handle it asks for."""
+    cls = plan.name
+    return [
+        f"JNIEXPORT void JNICALL {jni_name(plan.package, plan.binary_name, 'toArrayImpl')}"
+        f"(JNIEnv* env, jclass clazz, jobjectArray objects, jlong address) {{",
+        "  if (objects == nullptr || address == 0) return;",
+        "  const jsize count = env->GetArrayLength(objects);",
+        "  if (count == 0) return;",
+        '  const jmethodID handleOf = env->GetMethodID(clazz, "getNativeResourceHandleInternal", "()J");',
+        f"  const {cls}* values = reinterpret_cast<const {cls}*>(address);",
+        "  for (jsize i = 0; i < count; ++i) {",
+        "    jobject element = env->GetObjectArrayElement(objects, i);",
+        "    const jlong handle = env->CallLongMethod(element, handleOf);",
+        "    env->DeleteLocalRef(element);",
+        "    if (env->ExceptionCheck()) return;",
+        f"    if (handle != 0) *reinterpret_cast<{cls}*>(handle) = values[i];  // 0: a disposed object",
+        "  }",
+        "}", ""]
+
+
 def emit(plan: ClassPlan, classes: Dict[str, CClass], module: str) -> str:
     cls = plan.name
-    qualified = plan.wrapped.qualified
+    binary = plan.binary_name
+    qualified = plan.wrapped.binary_qualified
     headers: Set[str] = {plan.cls.header}
     wrapped = plan.wrapped_methods()
     variadic = False
@@ -191,12 +216,12 @@ def emit(plan: ClassPlan, classes: Dict[str, CClass], module: str) -> str:
         jarr = JAVA_ARRAY_JNI[elem]
         sig = "[" + {"float": "F", "double": "D", "int": "I", "short": "S", "byte": "B", "long": "J"}[elem]
         lines += [
-            f"JNIEXPORT void JNICALL {jni_name(plan.package, cls, 'checkSize')}(JNIEnv* env, jclass) {{",
+            f"JNIEXPORT void JNICALL {jni_name(plan.package, binary, 'checkSize')}(JNIEnv* env, jclass) {{",
             f"  if (sizeof({cls}) != {plan.assumed_bytes})",
             f'    env->FatalError("{qualified}:: Basic type size differs in managed and native worlds. '
             f'Runtime aborted.");',
             "}", "",
-            f"JNIEXPORT void JNICALL {jni_name(plan.package, cls, 'setValueFromHandle')}"
+            f"JNIEXPORT void JNICALL {jni_name(plan.package, binary, 'setValueFromHandle')}"
             f"(JNIEnv* env, jclass, {jarr} array, jlong address) {{",
             "  ArrayHelper arrayHelper(env);",
             "  void* storage = arrayHelper.toNativeArray(array, ArrayHelper::READ_WRITE);",
@@ -206,7 +231,7 @@ def emit(plan: ClassPlan, classes: Dict[str, CClass], module: str) -> str:
             "  else",
             f"    *static_cast<{cls}*>(storage) = source;",
             "}", "",
-            f"JNIEXPORT void JNICALL {jni_name(plan.package, cls, 'toArrayImpl')}"
+            f"JNIEXPORT void JNICALL {jni_name(plan.package, binary, 'toArrayImpl')}"
             f"(JNIEnv* env, jclass clazz, jobjectArray objects, jlong address) {{",
             "  if (objects == nullptr || address == 0) return;",
             "  const jsize count = env->GetArrayLength(objects);",
@@ -226,21 +251,23 @@ def emit(plan: ClassPlan, classes: Dict[str, CClass], module: str) -> str:
             "  }",
             "}", ""]
     elif plan.kind == "owned":
-        sym = jni_name(plan.package, cls + "$NativeResourceHandle", "deleteNativeHandleImpl")
+        sym = jni_name(plan.package, binary + "$NativeResourceHandle", "deleteNativeHandleImpl")
         lines.append(f"JNIEXPORT void JNICALL {sym}(JNIEnv*, jclass, jlong address) {{")
         if plan.cls.has_virtual_dtor:
             lines.append(f"  if (address != 0) delete reinterpret_cast<{cls}*>(address);")
         else:
             lines.append(f"  delete reinterpret_cast<{cls}*>(address);")
         lines += ["}", ""]
+        if plan.to_array:
+            lines += _owned_to_array(plan)
 
     if plan.class_type_id:
-        lines += [f"JNIEXPORT jstring JNICALL {jni_name(plan.package, cls, 'getClassTypeId')}(JNIEnv* env, jclass) {{",
+        lines += [f"JNIEXPORT jstring JNICALL {jni_name(plan.package, binary, 'getClassTypeId')}(JNIEnv* env, jclass) {{",
                   f"  return StringHelper::fromNativeString(env, {cls}::getClassTypeId().getName());",
                   "}", ""]
     for e in plan.enums:
         for cname, _ in e.constants:
-            sym = jni_name(plan.package, f"{cls}${e.name}", f"get{cname}")
+            sym = jni_name(plan.package, f"{binary}${e.name}", f"get{cname}")
             lines += [f"JNIEXPORT jint JNICALL {sym}(JNIEnv*, jclass) {{",
                       f"  return static_cast<jint>({cls}::{cname});", "}", ""]
     for m in wrapped:

@@ -10,7 +10,7 @@ from __future__ import annotations
 import argparse
 import os
 import sys
-from typing import Dict, List, Tuple
+from typing import Dict, List, Optional, Tuple
 
 from . import cparse, emit_cpp, emit_java, plan as planner, rules as rules_mod
 from .naming import java_package, package_dir
@@ -42,11 +42,17 @@ def build_plans(include_root: str, rules_dir: str, extra_includes: List[str] = (
             p = planner.plan_class(name, classes, wrapped, enums, r)
             planner.check_public_signatures(p)
             plans.append(p)
+    planner.mark_array_elements(plans)
     return classes, plans
 
 
-def outputs(out_dir: str, p: planner.ClassPlan) -> Tuple[str, str]:
-    cpp = os.path.join(out_dir, package_dir(p.package), f"{p.name}_jni.cpp")
+def outputs(out_dir: str, p: planner.ClassPlan) -> Tuple[str, Optional[str]]:
+    """The C++ file of a class (a nested class has its own, named like its
+    JNI symbols: SoErrorStack_00024StackFrame_jni.cpp) and its Java file (None
+    for a nested class, which is written into its enclosing class's file)."""
+    cpp = os.path.join(out_dir, package_dir(p.package), f"{p.binary_name.replace('$', '_00024')}_jni.cpp")
+    if p.outer:
+        return cpp, None
     java = os.path.join(out_dir, "java", *p.package.split("."), f"{p.name}.java")
     return cpp, java
 
@@ -88,7 +94,8 @@ def main(argv=None) -> int:
         for p in plans:
             cpp, java = outputs(out_dir, p)
             print(f"cpp {cpp}")
-            print(f"java {java}")
+            if java:
+                print(f"java {java}")
         return 0
     if a.report:
         for p in plans:
@@ -101,7 +108,8 @@ def main(argv=None) -> int:
     for p in plans:
         cpp, java = outputs(out_dir, p)
         write_if_changed(cpp, emit_cpp.emit(p, classes, a.module))
-        write_if_changed(java, emit_java.emit(p, a.fragments_dir))
+        if java:
+            write_if_changed(java, emit_java.emit(p, a.fragments_dir, plans))
     if a.stamp:
         os.makedirs(os.path.dirname(os.path.abspath(a.stamp)), exist_ok=True)
         with open(a.stamp, "w") as f:

@@ -33,6 +33,7 @@ class Method:
     java_access: str = "public"
     skipped: str = ""         # why it is not wrapped ("" when it is)
     operator: str = ""        # the C++ operator symbol when the member is one
+    array_count: str = ""     # array result: the Java method that gives its length
 
 
 @dataclass
@@ -54,10 +55,26 @@ class ClassPlan:
     class_type_id: bool = False
     assumed_bytes: int = 0
     extensible: bool = False
+    to_array: bool = False    # an owned class whose objects arrive as arrays of copies (toArrayImpl)
 
     @property
     def name(self) -> str:
+        """The C++ name (qualified with enclosing classes)."""
         return self.cls.name
+
+    @property
+    def java_simple(self) -> str:
+        """The Java class's own name, as its declaration spells it."""
+        return self.cls.simple_name
+
+    @property
+    def binary_name(self) -> str:
+        """The Java class name within the package, '$' for nesting (JNI symbols)."""
+        return self.wrapped.binary_name
+
+    @property
+    def outer(self) -> str:
+        return self.cls.outer
 
     @property
     def package(self) -> str:
@@ -69,6 +86,10 @@ class ClassPlan:
 
     def wrapped_methods(self) -> List[Method]:
         return [m for m in self.methods if not m.skipped]
+
+    def default_ctor(self) -> Optional[Method]:
+        """The wrapped constructor that takes no arguments, if any."""
+        return next((m for m in self.wrapped_methods() if m.is_ctor and not m.args), None)
 
 
 def _value_elem(classes: Dict[str, CClass], name: str) -> str:
@@ -110,6 +131,8 @@ def collect_wrapped(classes: Dict[str, CClass], all_rules: Dict[str, PackageRule
             pkg = java_package(cls.folder)
             if pkg != r.package:
                 raise PlanError(f"{r.path}: {name} is declared in {cls.folder} (package {pkg})")
+            if cls.outer and cls.outer not in r.classes:
+                raise PlanError(f"{r.path}: nested class {name} needs its enclosing class {cls.outer} in 'classes'")
             if name in r.value:
                 elem = _value_elem(classes, name)
                 length = cls.size // JAVA_ELEM_BYTES[elem]
@@ -221,7 +244,59 @@ def plan_class(name: str, classes: Dict[str, CClass], wrapped: Dict[str, Wrapped
     unknown = crules.java_side - {f"{m.group}:{m.index}" for m in plan.methods}
     if unknown:
         raise PlanError(f"{name}: java_side names no overload: {sorted(unknown)}")
+    _check_array_counts(plan, crules)
     return plan
+
+
+def _array_result(m: Method, ctx: TypeContext, count: str) -> Result:
+    """A member returning a pointer to `count()` contiguous objects: the entry
+    point returns the address, and the Java method the element class's
+    toArray(address, count) copies."""
+    t = m.cfunc.result
+    target = t.inner if t.kind == "ptr" else None
+    if target is None or target.kind != "class" or target.name not in ctx.wrapped:
+        raise PlanError(f"{m.cfunc.name}: an array result must point to objects of a wrapped class, "
+                        f"not {t.spelling}")
+    w = ctx.wrapped[target.name]
+    if w.kind == "refcounted":
+        raise PlanError(f"{m.cfunc.name}: reference-counted objects are not copied into arrays")
+    jt = ctx.java_name(w)
+    r = Result("array", "long", "jlong", jt + "[]", cpp_class=target.name)
+    if w.kind == "value":
+        r.value_class = w
+    else:
+        r.handle_class = w
+    m.array_count = count
+    return r
+
+
+def _check_array_counts(plan: ClassPlan, crules) -> None:
+    members = {m.cfunc.name for m in plan.methods}
+    unknown = set(crules.array_results) - members
+    if unknown:
+        raise PlanError(f"{plan.name}: array_results names no member: {sorted(unknown)}")
+    for m in plan.wrapped_methods():
+        if not m.array_count:
+            continue
+        counts = [c for c in plan.wrapped_methods() if c.group == m.array_count and not c.args
+                  and c.result.kind == "prim" and c.result.java_type == "int"
+                  and (c.receiver == "none" or m.receiver != "none")]
+        if not counts:
+            raise PlanError(f"{plan.name}: the length of {m.group} needs a wrapped member "
+                            f"int {m.array_count}() callable from it")
+
+
+def mark_array_elements(plans: List[ClassPlan]) -> None:
+    """Owned classes that are the elements of an array result get toArray."""
+    by_name = {p.name: p for p in plans}
+    for p in plans:
+        for m in p.wrapped_methods():
+            if m.result.kind != "array" or m.result.handle_class is None:
+                continue
+            element = by_name[m.result.handle_class.name]
+            if element.default_ctor() is None:
+                raise PlanError(f"{element.name}: arrays of it need a wrapped constructor without arguments")
+            element.to_array = True
 
 
 def _convert(m: Method, plan: ClassPlan, ctx: TypeContext, rules: PackageRules) -> None:
@@ -250,7 +325,11 @@ def _convert(m: Method, plan: ClassPlan, ctx: TypeContext, rules: PackageRules) 
             m.args.append(ctx.int_buffer(names[i], names[count]))
         else:
             m.args.append(ctx.arg(names[i], p.type, mode))
-    if not f.is_ctor:
+    if f.is_ctor:
+        pass
+    elif f.name in rules.for_class(plan.name).array_results:
+        m.result = _array_result(m, ctx, rules.for_class(plan.name).array_results[f.name])
+    else:
         m.result = ctx.result(f.result, plan.name, m.receiver)
         if m.operator and m.result.kind not in ("void", "self", "bool", "value", "prim", "handle_owned"):
             raise Unsupported(f"operator result {f.result.spelling}")

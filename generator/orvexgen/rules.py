@@ -14,6 +14,12 @@ Keys (all optional):
                      own overloads of that name (numbers owned by the Java side)
     assumed_bytes    byte size the Java class assumes (checks only; defaults to
                      the size of the C++ class)
+    array_results    table: member -> count member. The member returns a pointer
+                     to that many contiguous objects of a wrapped class; Java
+                     gets an array of copies (the element class's toArray)
+
+Nested classes are named as in C++ ("SoErrorStack::StackFrame", and
+[class."SoErrorStack::StackFrame"]); their enclosing class must be wrapped too.
 """
 from __future__ import annotations
 
@@ -29,6 +35,7 @@ class ClassRules:
     exclude: Set[str] = field(default_factory=set)
     reserve: Dict[str, int] = field(default_factory=dict)
     assumed_bytes: int = 0
+    array_results: Dict[str, str] = field(default_factory=dict)
 
 
 @dataclass
@@ -48,7 +55,7 @@ class PackageRules:
 
 
 _TOP = {"classes", "value", "extensible", "exclude", "operators", "read_only", "class"}
-_CLASS = {"java_side", "exclude", "reserve", "assumed_bytes"}
+_CLASS = {"java_side", "exclude", "reserve", "assumed_bytes", "array_results"}
 
 
 def load(path: str) -> PackageRules:
@@ -75,7 +82,8 @@ def load(path: str) -> PackageRules:
         if name not in r.classes:
             raise ValueError(f"{path}: rules for {name}, which is not in 'classes'")
         r.per_class[name] = ClassRules(set(c.get("java_side", [])), set(c.get("exclude", [])),
-                                       dict(c.get("reserve", {})), int(c.get("assumed_bytes", 0)))
+                                       dict(c.get("reserve", {})), int(c.get("assumed_bytes", 0)),
+                                       dict(c.get("array_results", {})))
     for v in r.value | r.extensible:
         if v not in r.classes:
             raise ValueError(f"{path}: {v} is listed but not in 'classes'")

@@ -33,16 +33,32 @@ class Unsupported(Exception):
 
 @dataclass
 class WrappedClass:
-    """What other classes need to know about a wrapped class."""
-    name: str
+    """What other classes need to know about a wrapped class. A nested C++
+    class ("SoErrorStack::StackFrame") is a nested Java class
+    (SoErrorStack.StackFrame in source, SoErrorStack$StackFrame in binary form)."""
+    name: str                 # C++ name, qualified with the enclosing classes
     package: str
     kind: str                 # value | owned | refcounted
     elem: str = ""            # Java element type of a value class
     length: int = 0           # array length of a value class
 
     @property
+    def java_name(self) -> str:
+        """The Java name within its package, as source code spells it."""
+        return self.name.replace("::", ".")
+
+    @property
+    def binary_name(self) -> str:
+        """The Java name within its package, as the JVM spells it ('$' for nesting)."""
+        return self.name.replace("::", "$")
+
+    @property
     def qualified(self) -> str:
-        return f"{self.package}.{self.name}"
+        return f"{self.package}.{self.java_name}"
+
+    @property
+    def binary_qualified(self) -> str:
+        return f"{self.package}.{self.binary_name}"
 
 
 @dataclass
@@ -78,7 +94,7 @@ class TypeContext:
         self.package = current_package
 
     def java_name(self, w: WrappedClass) -> str:
-        return w.name if w.package == self.package else w.qualified
+        return w.java_name if w.package == self.package else w.qualified
 
     def enum_java(self, name: str) -> str:
         if name not in self.enums:

@@ -68,6 +68,32 @@ class FixturePlans(unittest.TestCase):
         skipped = {m.native_name: m.skipped for m in self.plans["ProbeValue"].methods if m.skipped}
         self.assertEqual(skipped, {"setValueImpl": "implemented on the Java side"})
 
+    def test_nested_classes_keep_their_enclosing_class_in_every_name(self):
+        self.assertEqual(self.classes["ProbeNest"].nested, ["ProbeNest::Item", "ProbeNest::Span"])
+        self.assertEqual(self.classes["ProbeNest::Item"].outer, "ProbeNest")
+        item = self.plans["ProbeNest::Item"]
+        self.assertEqual((item.kind, item.java_simple, item.binary_name, item.wrapped.qualified),
+                         ("owned", "Item", "ProbeNest$Item", "com.orvexa.genprobe.ProbeNest.Item"))
+        span = self.plans["ProbeNest::Span"]
+        self.assertEqual((span.kind, span.wrapped.elem, span.wrapped.length), ("value", "float", 2))
+        # The nested enum belongs to the nested class, and arguments of the
+        # nested type are handles.
+        self.assertEqual([e.cpp_name for e in item.enums], ["ProbeNest::Item::Color"])
+        add = next(m for m in self.plans["ProbeNest"].methods if m.native_name == "addItemImpl")
+        self.assertEqual((add.args[0].java_type, add.args[0].public_type), ("long", "ProbeNest.Item"))
+
+    def test_array_results_and_their_element_classes(self):
+        methods = {m.native_name: m for m in self.plans["ProbeNest"].wrapped_methods()}
+        items, spans = methods["getItemsImpl"], methods["getSpansImpl"]
+        self.assertEqual((items.result.kind, items.result.java_type, items.result.public_type, items.array_count),
+                         ("array", "long", "ProbeNest.Item[]", "getNumItems"))
+        self.assertEqual((spans.result.kind, spans.result.public_type, spans.array_count),
+                         ("array", "ProbeNest.Span[]", "getNumSpans"))
+        self.assertTrue(self.plans["ProbeNest::Item"].to_array)
+        # Only classes that are the elements of an array result get it.
+        self.assertFalse(self.plans["GuardProbe"].to_array)
+        self.assertEqual(methods["findItemImpl"].result.kind, "handle")
+
 
 class FixtureCpp(unittest.TestCase):
     @classmethod
@@ -148,13 +174,57 @@ class FixtureCpp(unittest.TestCase):
         self.assertIn("Java_com_orvexa_genprobe_GuardProbe_00024Mode_getLOUD_1MODE", text)
         self.assertIn("return static_cast<jint>(GuardProbe::LOUD_MODE);", text)
 
+    def test_nested_class_symbols_escape_each_level(self):
+        text = self.cpp["ProbeNest::Item"]
+        self.assertIn("JNICALL Java_com_orvexa_genprobe_ProbeNest_00024Item_00024NativeResourceHandle_"
+                      "deleteNativeHandleImpl(JNIEnv*, jclass, jlong address)", text)
+        self.assertIn("delete reinterpret_cast<ProbeNest::Item*>(address);", text)
+        self.assertIn("JNICALL Java_com_orvexa_genprobe_ProbeNest_00024Item_00024Color_getDEEP_1BLUE(", text)
+        self.assertIn("return static_cast<jint>(ProbeNest::Item::DEEP_BLUE);", text)
+        self.assertIn("return reinterpret_cast<jlong>(new ProbeNest::Item());", self.body("ProbeNest::Item", "ctorImpl"))
+        self.assertIn("ProbeNest::Item* self = reinterpret_cast<ProbeNest::Item*>(nativeObject);",
+                      self.body("ProbeNest::Item", "setValueImpl"))
+        self.assertIn('const SoModuleCheck s_moduleCheck("probe", "com.orvexa.genprobe.ProbeNest$Item");', text)
+        # A member of the enclosing class taking the nested type by reference.
+        self.assertIn("self->addItem(*reinterpret_cast<ProbeNest::Item*>(item));", self.body("ProbeNest", "addItemImpl"))
+
+    def test_nested_value_type(self):
+        text = self.cpp["ProbeNest::Span"]
+        self.assertIn("if (sizeof(ProbeNest::Span) != 8)", text)
+        self.assertIn('env->FatalError("com.orvexa.genprobe.ProbeNest$Span:: Basic type size differs in managed '
+                      'and native worlds. Runtime aborted.");', text)
+        self.assertIn("new (self) ProbeNest::Span();", self.body("ProbeNest::Span", "ctorImpl"))
+        self.assertIn("Java_com_orvexa_genprobe_ProbeNest_00024Span_toArrayImpl", text)
+
+    def test_array_result_returns_the_address(self):
+        self.assertIn("const jlong result = reinterpret_cast<jlong>(self->getItems());",
+                      self.body("ProbeNest", "getItemsImpl"))
+
+    def test_to_array_of_a_handle_class_assigns_into_each_objects_native_object(self):
+        body = self.body("ProbeNest::Item", "toArrayImpl")
+        self.assertIn("(JNIEnv* env, jclass clazz, jobjectArray objects, jlong address)", body)
+        self.assertIn("if (objects == nullptr || address == 0) return;", body)
+        self.assertIn("if (count == 0) return;", body)
+        self.assertIn('env->GetMethodID(clazz, "getNativeResourceHandleInternal", "()J")', body)
+        self.assertIn("*reinterpret_cast<ProbeNest::Item*>(handle) = values[i];", body)
+        self.assertLess(body.index("DeleteLocalRef(element)"), body.index("ExceptionCheck"))
+        # Handle classes that are no array elements have none.
+        self.assertNotIn("toArrayImpl", self.cpp["GuardProbe"])
+
+    def test_output_files_of_nested_classes(self):
+        cpp, java = main.outputs("/out", self.plans["ProbeNest::Item"])
+        self.assertEqual((cpp, java), ("/out/genprobe/ProbeNest_00024Item_jni.cpp", None))
+        self.assertEqual(main.outputs("/out", self.plans["ProbeNest"]),
+                         ("/out/genprobe/ProbeNest_jni.cpp", "/out/java/com/orvexa/genprobe/ProbeNest.java"))
+
 
 class FixtureJava(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         _, cls.plans = fixture_plans()
         frag = os.path.join(FIXTURES, "fragments")
-        cls.java = {n: emit_java.emit(p, frag) for n, p in cls.plans.items()}
+        plans = list(cls.plans.values())
+        cls.java = {n: emit_java.emit(p, frag, plans) for n, p in cls.plans.items() if not p.outer}
 
     def test_value_class_shape(self):
         j = self.java["ProbeValue"]
@@ -181,6 +251,31 @@ class FixtureJava(unittest.TestCase):
         self.assertIn("public GuardProbe.Mode getMode() {", j)
         self.assertIn("setModeImpl(getNativeResourceHandleInternal(), mode.getValue());", j)
 
+    def test_nested_classes_are_static_members_of_their_enclosing_class(self):
+        j = self.java["ProbeNest"]
+        self.assertIn("\n  public static class Item extends com.orvexa.orvex.Orvex {\n", j)
+        self.assertIn("\n  public static class Span {\n", j)
+        self.assertIn("\n    public static class NativeResourceHandle extends com.orvexa.internal.NativeResourceHandle {", j)
+        self.assertIn("\n      private static native int getDEEP_BLUE();\n", j)
+        self.assertIn("\n      RED(value(Color::getRED)),\n      DEEP_BLUE(value(Color::getDEEP_BLUE));\n", j)
+        self.assertIn("public ProbeNest.Item.Color getColor() {", j)
+        # The item's Java-side constructor comes from the nested class's fragment.
+        self.assertIn("\n    public Item(int id, String label) {\n      this();\n", j)
+        # Nested classes are declared before the enclosing class's own members.
+        self.assertLess(j.index("public static class Item"), j.index("public ProbeNest() {"))
+
+    def test_array_results_become_arrays_of_copies(self):
+        j = self.java["ProbeNest"]
+        self.assertIn("public ProbeNest.Item[] getItems() {\n"
+                      "    return ProbeNest.Item.toArray(getItemsImpl(getNativeResourceHandleInternal()), getNumItems());",
+                      j)
+        self.assertIn("return ProbeNest.Span.toArray(getSpansImpl(getNativeResourceHandleInternal()), getNumSpans());", j)
+        self.assertIn("static native long getItemsImpl(long nativeObject);", j)
+        self.assertIn("public static Item[] toArray(long address, int count) {", j)
+        self.assertIn("objects[i] = new Item(new NativeResourceHandle(ctorImpl()));", j)
+        self.assertIn("public static native void toArrayImpl(Item[] objects, long address);", j)
+        self.assertNotIn("toArray", self.java["GuardProbe"])
+
 
 class Determinism(unittest.TestCase):
     def test_two_runs_write_identical_files(self):
@@ -192,7 +287,10 @@ class Determinism(unittest.TestCase):
             files_a = sorted(os.path.relpath(os.path.join(d, f), a) for d, _, fs in os.walk(a) for f in fs)
             files_b = sorted(os.path.relpath(os.path.join(d, f), b) for d, _, fs in os.walk(b) for f in fs)
             self.assertEqual(files_a, files_b)
-            self.assertEqual(len(files_a), 8)
+            # Five Java classes (nested ones live in their enclosing class's
+            # file) and seven C++ files (one per Java class, nested ones too).
+            self.assertEqual(len(files_a), 12)
+            self.assertEqual(len([f for f in files_a if f.endswith(".java")]), 5)
             for f in files_a:
                 with open(os.path.join(a, f)) as fa, open(os.path.join(b, f)) as fb:
                     self.assertEqual(fa.read(), fb.read(), f)
@@ -215,6 +313,28 @@ class Rules(unittest.TestCase):
             with self.assertRaises(ValueError):
                 rules_mod.load(self.write(d, 'classes = []\n[operators]\n"+=" = "add"\nread_only = ["equals"]\n'))
 
+    def plan_error(self, rules_text):
+        with tempfile.TemporaryDirectory() as d:
+            self.write(d, rules_text)
+            with self.assertRaises(planner.PlanError) as caught:
+                main.build_plans(os.path.join(FIXTURES, "include"), d, [TOOLKIT_INCLUDE])
+            return str(caught.exception)
+
+    def test_nested_class_needs_its_enclosing_class(self):
+        self.assertIn("needs its enclosing class ProbeNest", self.plan_error('classes = ["ProbeNest::Item"]\n'))
+
+    def test_array_results_are_checked(self):
+        nest = 'classes = ["ProbeNest", "ProbeNest::Item"]\n[class.ProbeNest]\n'
+        self.assertIn("names no member", self.plan_error(nest + 'array_results = { getThings = "getNumItems" }\n'))
+        self.assertIn("needs a wrapped member int getNumThings()",
+                      self.plan_error(nest + 'array_results = { getItems = "getNumThings" }\n'))
+        self.assertIn("must point to objects of a wrapped class",
+                      self.plan_error(nest + 'array_results = { getNumItems = "getNumItems" }\n'))
+        # The element class needs a constructor Java can call to make the copies.
+        self.assertIn("need a wrapped constructor without arguments",
+                      self.plan_error(nest + 'array_results = { getItems = "getNumItems" }\n'
+                                      '[class."ProbeNest::Item"]\njava_side = ["ctor:0"]\n'))
+
     def test_java_side_must_name_an_overload(self):
         with tempfile.TemporaryDirectory() as d:
             self.write(d, 'classes = ["GuardProbe"]\n[class.GuardProbe]\njava_side = ["describe:5"]\n')
@@ -227,7 +347,7 @@ class ToolkitHeaders(unittest.TestCase):
 
     @classmethod
     def setUpClass(cls):
-        _, plans = main.build_plans(TOOLKIT_INCLUDE, os.path.join(GENERATOR, "rules"))
+        cls.classes, plans = main.build_plans(TOOLKIT_INCLUDE, os.path.join(GENERATOR, "rules"))
         cls.plans = {p.name: p for p in plans}
 
     def natives(self, name, prefix):
@@ -273,6 +393,25 @@ class ToolkitHeaders(unittest.TestCase):
                          {"postImpl", "postWarningImpl", "postInfoImpl", "getSeverityImpl"})
         self.assertTrue(all(self.plans[n].class_type_id for n in
                             ("SoError", "SoDebugError", "SoGLError", "SoMemoryError", "SoReadError", "SoErrorStack")))
+
+    def test_error_stack_and_its_frames(self):
+        stack = {m.native_name: m for m in self.plans["SoErrorStack"].wrapped_methods()}
+        self.assertTrue({"postImpl", "getStackImpl", "getNumFramesImpl", "getFramesImpl"} <= set(stack))
+        self.assertNotIn("getStackFramesImpl", stack, "fills a C array; not for Java")
+        self.assertEqual((stack["getFramesImpl"].result.kind, stack["getFramesImpl"].array_count),
+                         ("array", "getNumFrames"))
+        frame = self.plans["SoErrorStack::StackFrame"]
+        self.assertEqual((frame.kind, frame.binary_name, frame.to_array), ("owned", "SoErrorStack$StackFrame", True))
+        names = {m.native_name for m in frame.wrapped_methods()}
+        self.assertTrue({"ctorImpl", "setValueImpl", "equalsImpl"} <= names, names)
+        self.assertNotIn("ctorImpl1", names, "the full constructor is done in Java")
+        cpp = emit_cpp.emit(frame, self.classes, "orvexjava")
+        for symbol in ("Java_com_orvexa_orvex_errors_SoErrorStack_00024StackFrame_ctorImpl(",
+                       "Java_com_orvexa_orvex_errors_SoErrorStack_00024StackFrame_setValueImpl(",
+                       "Java_com_orvexa_orvex_errors_SoErrorStack_00024StackFrame_toArrayImpl(",
+                       "Java_com_orvexa_orvex_errors_SoErrorStack_00024StackFrame_00024NativeResourceHandle_"
+                       "deleteNativeHandleImpl("):
+            self.assertIn(symbol, cpp)
 
 
 if __name__ == "__main__":

@@ -1,8 +1,10 @@
 #include <Orvex/errors/SoErrorStack.h>
 
 #include <cxxabi.h>
+#include <dlfcn.h>
 #include <execinfo.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <string>
@@ -13,19 +15,53 @@ namespace {
 orvex::HandlerSlot s_handler;
 SoType s_type;
 
-// backtrace_symbols() gives "object(mangled+0x1f) [0xaddr]"; show the
-// function's C++ name where it can be demangled.
-std::string readableFrame(const char* symbol) {
-  std::string frame(symbol);
-  const size_t open = frame.find('(');
-  const size_t plus = frame.find('+', open);
-  if (open == std::string::npos || plus == std::string::npos || plus == open + 1) return frame;
-  const std::string mangled = frame.substr(open + 1, plus - open - 1);
+// Deep enough for any report a person reads; bounds the work of a post.
+constexpr int kMaxPostedFrames = 128;
+
+using Frame = SoErrorStack::StackFrame;
+
+// The C++ name of a linker symbol, or the symbol itself when it is not a
+// mangled C++ name (C functions, JNI entry points).
+std::string readableName(const char* symbol) {
   int status = 0;
-  std::unique_ptr<char, decltype(&std::free)> demangled(
-      abi::__cxa_demangle(mangled.c_str(), nullptr, nullptr, &status), &std::free);
-  if (status != 0 || !demangled) return frame;
-  return frame.substr(0, open + 1) + demangled.get() + frame.substr(plus);
+  std::unique_ptr<char, decltype(&std::free)> demangled(abi::__cxa_demangle(symbol, nullptr, nullptr, &status),
+                                                        &std::free);
+  return status == 0 && demangled ? std::string(demangled.get()) : std::string(symbol);
+}
+
+// What the dynamic linker knows about one return address. Only exported
+// functions have names; for the others the offset is from the module base.
+Frame describe(void* address) {
+  const auto pc = reinterpret_cast<uintptr_t>(address);
+  Dl_info info{};
+  if (dladdr(address, &info) == 0) return Frame(pc, nullptr, nullptr, 0);
+  if (info.dli_sname != nullptr && info.dli_saddr != nullptr) {
+    return Frame(pc, info.dli_fname, readableName(info.dli_sname).c_str(),
+                 pc - reinterpret_cast<uintptr_t>(info.dli_saddr));
+  }
+  return Frame(pc, info.dli_fname, nullptr, pc - reinterpret_cast<uintptr_t>(info.dli_fbase));
+}
+
+// The calling thread's frames, leaving out this function and the `skip`
+// innermost frames above it (the toolkit's own capturing members), at most
+// maxFrames of them. Never inlined: its own frame must be the one dropped.
+__attribute__((noinline)) std::vector<Frame> captureFrames(int skip, int maxFrames) {
+  std::vector<Frame> frames;
+  if (maxFrames <= 0) return frames;
+  std::vector<void*> addresses(static_cast<size_t>(skip + 1 + maxFrames));
+  const int count = backtrace(addresses.data(), static_cast<int>(addresses.size()));
+  for (int i = skip + 1; i < count; ++i) frames.push_back(describe(addresses[static_cast<size_t>(i)]));
+  return frames;
+}
+
+SbString framesText(const std::vector<Frame>& frames) {
+  SbString text;
+  for (size_t i = 0; i < frames.size(); ++i) {
+    text += SbString::sprintf("#%zu ", i);
+    text += frames[i].getString();
+    text += '\n';
+  }
+  return text;
 }
 }  // namespace
 
@@ -36,24 +72,19 @@ void* SoErrorStack::getHandlerCallbackData() { return s_handler.data(); }
 SoType SoErrorStack::getClassTypeId() { return s_type; }
 SoType SoErrorStack::getTypeId() const { return s_type; }
 
-SbString SoErrorStack::getStack() {
-  void* frames[64];
-  const int count = backtrace(frames, 64);
-  std::unique_ptr<char*, decltype(&std::free)> symbols(backtrace_symbols(frames, count), &std::free);
-  SbString text;
-  if (!symbols) return text;
-  // Frame 0 is this function; the caller's frames follow.
-  for (int i = 1; i < count; ++i) {
-    text += SbString::sprintf("#%d ", i - 1);
-    text += SbString(readableFrame(symbols.get()[i]));
-    text += '\n';
-  }
-  return text;
+int SoErrorStack::getStackFrames(StackFrame* frames, int maxFrames) {
+  if (frames == nullptr) return 0;
+  const std::vector<Frame> captured = captureFrames(1, maxFrames);
+  std::copy(captured.begin(), captured.end(), frames);
+  return static_cast<int>(captured.size());
 }
+
+SbString SoErrorStack::getStack() { return framesText(captureFrames(1, kMaxPostedFrames)); }
 
 void SoErrorStack::post() {
   SoErrorStack error;
-  error.setDebugString(SbString("Orvex stack trace:\n") + getStack());
+  error.m_frames = captureFrames(1, kMaxPostedFrames);
+  error.setDebugString(SbString("Orvex stack trace:\n") + framesText(error.m_frames));
   error.handleError();
 }
 

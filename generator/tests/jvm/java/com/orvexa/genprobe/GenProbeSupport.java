@@ -18,6 +18,9 @@ public final class GenProbeSupport {
   /** A native GuardProbe bound the way Java-extended objects are (it is an ICustomClass). */
   static native long makeCustom();
 
+  /** Posts an SoErrorStack from a native function of this library; returns how many it posted so far. */
+  static native int postErrorStack();
+
   /** Calls the toolkit's memory cleanup hook with {@code size}; answers what the hook answered. */
   static native boolean toolkitMemoryCleanup(long size);
 }

@@ -166,6 +166,96 @@ class GeneratedFixtureTest {
   }
 
   @Nested
+  class NestedClasses {
+    @Test
+    void nestedHandleClassHasItsOwnEntryPointsAndDeleteEntry() {
+      assertEquals(Set.of("deleteNativeHandleImpl"), nativeNames(ProbeNest.Item.NativeResourceHandle.class));
+      assertTrue(nativeNames(ProbeNest.Item.class).containsAll(Set.of("ctorImpl", "setValueImpl", "getIdImpl",
+          "getLabelImpl", "equalsImpl", "toArrayImpl")));
+      assertFalse(nativeNames(ProbeNest.Item.class).contains("ctorImpl1"), "the full constructor is done in Java");
+      assertEquals("com.orvexa.genprobe.ProbeNest$Item", ProbeNest.Item.class.getName());
+    }
+
+    @Test
+    void nestedObjectConstructSetCompareDispose() {
+      ProbeNest.Item a = new ProbeNest.Item(7, "seven");
+      ProbeNest.Item b = new ProbeNest.Item();
+      assertEquals(0, b.getId());
+      assertEquals("", b.getLabel());
+      assertFalse(a.equals(b));
+      b.setValue(7, "seven");
+      assertEquals(a, b);
+      b.setColor(ProbeNest.Item.Color.DEEP_BLUE);
+      assertEquals(ProbeNest.Item.Color.DEEP_BLUE, b.getColor());
+      assertFalse(a.equals(b), "the toolkit's equality compares the colour too");
+      b.dispose();
+      assertEquals(0L, b.getNativeResourceHandleInternal());
+      assertEquals(7, a.getId());
+    }
+
+    @Test
+    void enumOfANestedClassReadsItsValuesFromNative() {
+      assertEquals(1, ProbeNest.Item.Color.RED.getValue());
+      assertEquals(4, ProbeNest.Item.Color.DEEP_BLUE.getValue());
+    }
+
+    @Test
+    void arrayResultOfHandleObjectsArrivesAsIndependentCopies() {
+      ProbeNest nest = new ProbeNest();
+      assertEquals(0, nest.getItems().length);
+      nest.addItem(new ProbeNest.Item(1, "one"));
+      ProbeNest.Item two = new ProbeNest.Item(2, "two");
+      two.setColor(ProbeNest.Item.Color.DEEP_BLUE);
+      nest.addItem(two);
+      ProbeNest.Item[] items = nest.getItems();
+      assertEquals(2, items.length);
+      assertEquals(1, items[0].getId());
+      assertEquals("one", items[0].getLabel());
+      assertEquals(two, items[1]);
+      assertTrue(items[0].getNativeResourceHandleInternal() != items[1].getNativeResourceHandleInternal());
+      // Copies: changing one leaves the toolkit's item alone, and they outlive
+      // the toolkit's storage moving.
+      items[0].setValue(10, "ten");
+      assertEquals("one", nest.findItem(1).getLabel());
+      for (int i = 3; i < 40; i++) nest.addItem(new ProbeNest.Item(i, "x"));
+      assertEquals("two", items[1].getLabel());
+      assertEquals(39, nest.getItems().length);
+      assertNull(nest.findItem(99));
+    }
+
+    @Test
+    void toArrayImplIgnoresNullZeroAndEmptyAndSkipsDisposedObjects() {
+      ProbeNest nest = new ProbeNest();
+      nest.addItem(new ProbeNest.Item(5, "five"));
+      nest.addItem(new ProbeNest.Item(6, "six"));
+      long address = ProbeNest.getItemsImpl(nest.getNativeResourceHandleInternal());
+      ProbeNest.Item target = new ProbeNest.Item(1, "keep");
+      ProbeNest.Item.toArrayImpl(new ProbeNest.Item[] {target}, 0L);
+      ProbeNest.Item.toArrayImpl(null, address);
+      ProbeNest.Item.toArrayImpl(new ProbeNest.Item[0], address);
+      assertEquals("keep", target.getLabel());
+      ProbeNest.Item disposed = new ProbeNest.Item();
+      disposed.dispose();
+      ProbeNest.Item.toArrayImpl(new ProbeNest.Item[] {disposed, target}, address);
+      assertEquals(6, target.getId(), "element 1 of the native array");
+      assertEquals("six", target.getLabel());
+    }
+
+    @Test
+    void nestedValueTypeAndArraysOfIt() {
+      ProbeNest nest = new ProbeNest();
+      ProbeNest.Span span = ProbeNest.Span.wrap(new float[] {1.5f, 4f});
+      assertEquals(2.5f, span.width());
+      nest.setSpan(1, span);
+      assertArrayEquals(new float[] {1.5f, 4f}, nest.getSpan(1).array);
+      ProbeNest.Span[] spans = nest.getSpans();
+      assertEquals(2, spans.length);
+      assertArrayEquals(new float[] {0f, 0f}, spans[0].array);
+      assertEquals(span, spans[1]);
+    }
+  }
+
+  @Nested
   class Collections {
     @Test
     void objectArraysGoInAsHandlesAndPointerListsComeBackAsAddresses() {

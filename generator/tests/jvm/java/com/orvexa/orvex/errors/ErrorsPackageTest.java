@@ -2,13 +2,18 @@ package com.orvexa.orvex.errors;
 
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
+import static org.junit.jupiter.api.Assertions.assertNotEquals;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
 import com.orvexa.orvex.Orvex;
 import java.lang.reflect.Method;
+import java.lang.reflect.Modifier;
+import java.util.Arrays;
 import java.util.ArrayList;
 import java.util.List;
+import java.util.Set;
 import java.util.function.Consumer;
+import java.util.stream.Collectors;
 import org.junit.jupiter.api.Test;
 
 /** Posting toolkit errors from Java and routing them to Java handlers. */
@@ -99,5 +104,137 @@ class ErrorsPackageTest {
     SoError.setHandler(SoErrorStack.class, e -> stacks.add(e.getDebugString()));
     SoErrorStack.post();
     assertEquals(1, stacks.size());
+  }
+
+  /** What a stack error handler saw, copied out while the error was alive. */
+  private static final class PostedStack {
+    String text;
+    int count;
+    SoErrorStack.StackFrame[] frames;
+    SoErrorStack.StackFrame[] refilled;
+  }
+
+  /** Routes stack errors to a handler that records what each one carries. */
+  private static List<PostedStack> recordStackErrors() {
+    List<PostedStack> posted = new ArrayList<>();
+    SoError.setHandler(SoErrorStack.class, e -> {
+      PostedStack p = new PostedStack();
+      p.text = e.getDebugString();
+      p.count = e.getNumFrames();
+      p.frames = e.getFrames();
+      // The first native frame again, copied into an object made here; a
+      // disposed object in the array is left out.
+      SoErrorStack.StackFrame disposed = new SoErrorStack.StackFrame();
+      disposed.dispose();
+      p.refilled = new SoErrorStack.StackFrame[] {new SoErrorStack.StackFrame(), disposed};
+      if (p.count >= 1) {
+        SoErrorStack.StackFrame.toArrayImpl(p.refilled, SoErrorStack.getFramesImpl(e.getNativeResourceHandleInternal()));
+      }
+      posted.add(p);
+    });
+    return posted;
+  }
+
+  /** The text is a heading and one line per frame; the frames are copies that outlive the error. */
+  private static void assertTextMatchesFrames(PostedStack p) {
+    assertEquals(p.count, p.frames.length);
+    String[] lines = p.text.split("\n");
+    assertEquals("Orvex stack trace:", lines[0]);
+    assertEquals(p.count + 1, lines.length, p.text);
+    for (int i = 0; i < p.count; i++) {
+      assertEquals("#" + i + " " + p.frames[i].getString(), lines[i + 1]);
+      assertEquals(p.frames[i].getString(), p.frames[i].toString());
+      assertNotEquals(0L, p.frames[i].getAddress());
+    }
+    assertEquals(p.frames[0], p.refilled[0]);
+    assertEquals(0L, p.refilled[1].getNativeResourceHandleInternal());
+  }
+
+  @Test
+  void stackErrorPostedFromJavaBringsItsFramesAndTheirText() {
+    List<PostedStack> posted = recordStackErrors();
+    SoErrorStack.post();
+    assertEquals(1, posted.size());
+    PostedStack p = posted.get(0);
+    // The native part of the stack: at least the frame that called into the
+    // toolkit (the unwinder stops at the virtual machine's own frames).
+    assertTrue(p.count >= 1, p.text);
+    assertTextMatchesFrames(p);
+  }
+
+  @Test
+  void stackErrorPostedByNativeCodeNamesThePoster() throws Exception {
+    List<PostedStack> posted = recordStackErrors();
+    Method post = Class.forName("com.orvexa.genprobe.GenProbeSupport").getDeclaredMethod("postErrorStack");
+    post.setAccessible(true);
+    post.invoke(null);
+    assertEquals(1, posted.size());
+    PostedStack p = posted.get(0);
+    assertTextMatchesFrames(p);
+    assertEquals("Java_com_orvexa_genprobe_GenProbeSupport_postErrorStack", p.frames[0].getFunctionName(), p.text);
+    assertTrue(p.frames[0].getModuleName().endsWith("liborvexgen_probe.so"), p.frames[0].getModuleName());
+    assertTrue(p.frames[0].getOffset() > 0 && p.frames[0].getOffset() < 4096, p.text);
+    assertTrue(p.text.contains("(Java_com_orvexa_genprobe_GenProbeSupport_postErrorStack+0x"), p.text);
+  }
+
+  @Test
+  void currentStackTextStartsAtTheEntryPoint() {
+    String[] lines = SoErrorStack.getStack().split("\n");
+    assertTrue(lines[0].startsWith("#0 "), lines[0]);
+    assertTrue(Arrays.stream(lines).limit(2).anyMatch(l -> l.contains("SoErrorStack_getStackImpl")
+        || l.contains("SoErrorStack::getStack()")), String.join("\n", lines));
+  }
+
+  @Test
+  void stackFrameIsASmallNativeValueObject() {
+    SoErrorStack.StackFrame empty = new SoErrorStack.StackFrame();
+    assertEquals(0L, empty.getAddress());
+    assertEquals("", empty.getModuleName());
+    assertEquals("", empty.getFunctionName());
+    assertEquals(0L, empty.getOffset());
+    assertEquals("[0x0]", empty.getString());
+
+    SoErrorStack.StackFrame frame = new SoErrorStack.StackFrame();
+    frame.setValue(0x7f0012345678L, "/usr/lib/libfoo.so", "Foo::bar(int)", 0x1f);
+    assertEquals(0x7f0012345678L, frame.getAddress());
+    assertEquals("/usr/lib/libfoo.so", frame.getModuleName());
+    assertEquals("Foo::bar(int)", frame.getFunctionName());
+    assertEquals(0x1fL, frame.getOffset());
+    assertEquals("/usr/lib/libfoo.so(Foo::bar(int)+0x1f) [0x7f0012345678]", frame.toString());
+
+    SoErrorStack.StackFrame same = new SoErrorStack.StackFrame(0x7f0012345678L, "/usr/lib/libfoo.so", "Foo::bar(int)",
+        0x1f);
+    assertEquals(frame, same);
+    assertEquals(frame.hashCode(), same.hashCode());
+    assertNotEquals(frame, new SoErrorStack.StackFrame(0x7f0012345678L, "/usr/lib/libfoo.so", "Foo::bar(int)", 0x20));
+    assertNotEquals(frame, empty);
+
+    // toArrayImpl with nothing to copy leaves its targets alone.
+    SoErrorStack.StackFrame.toArrayImpl(new SoErrorStack.StackFrame[] {same}, 0L);
+    SoErrorStack.StackFrame.toArrayImpl(new SoErrorStack.StackFrame[0], 0x1000L);
+    SoErrorStack.StackFrame.toArrayImpl(null, 0x1000L);
+    assertEquals(frame, same);
+    assertEquals(0, SoErrorStack.StackFrame.toArray(0L, 0).length);
+
+    same.dispose();
+    assertEquals(0L, same.getNativeResourceHandleInternal());
+    same.dispose();  // a second release does nothing
+    assertEquals("Foo::bar(int)", frame.getFunctionName());
+  }
+
+  @Test
+  void stackFrameEntryPoints() {
+    Set<String> frame = nativeNames(SoErrorStack.StackFrame.class);
+    assertTrue(frame.containsAll(Set.of("ctorImpl", "setValueImpl", "toArrayImpl")), frame.toString());
+    assertEquals(Set.of("deleteNativeHandleImpl"), nativeNames(SoErrorStack.StackFrame.NativeResourceHandle.class));
+    assertTrue(nativeNames(SoErrorStack.class).containsAll(Set.of("postImpl", "getStackImpl", "getFramesImpl")));
+    assertEquals("com.orvexa.orvex.errors.SoErrorStack$StackFrame", SoErrorStack.StackFrame.class.getName());
+  }
+
+  private static Set<String> nativeNames(Class<?> cls) {
+    return Arrays.stream(cls.getDeclaredMethods())
+        .filter(m -> Modifier.isNative(m.getModifiers()))
+        .map(Method::getName)
+        .collect(Collectors.toSet());
   }
 }
