@@ -10,6 +10,7 @@ packages=(
   junit5
   python3 python3-clang-14 libclang1-14
   zlib1g-dev
+  clang-14 libclang-rt-14-dev
   libegl-dev libegl-mesa0 libgl-dev libgl1-mesa-dri libgles-dev libglu1-mesa-dev
 )
 

@@ -2,13 +2,22 @@
 #include <Orvex/SbTime.h>
 #include <Orvex/SoType.h>
 
+class SoBase;
 class SoField;
+class SoInput;
+class SoNode;
+class SoPath;
+class SoSeparator;
 class SoSensor;
 class SoTimerSensor;
 class SoSensorManager;
 
+// Called when a file with a registered header is opened (pre) and when it is
+// closed (post).
+typedef void SoDBHeaderCB(void* userData, SoInput* in);
+
 // The scene database: initialisation of the core, the sensor manager, global
-// fields and the real-time clock. Scene reading lives with the scene-graph core.
+// fields, the real-time clock, and reading scene files.
 class SoDB {
  public:
   // Initialises the core classes, the sensor manager and the "realTime"
@@ -45,4 +54,29 @@ class SoDB {
   static bool isMainThread();
   static bool isMultiThread() { return true; }
   static SbTime getCurrentTime() { return SbTime::getTimeOfDay(); }
+
+  // Reads the next top-level object of the input. At the end of the input
+  // the result is null and the call succeeds; after a read error (posted
+  // as SoReadError) it fails and nothing that was read stays referenced.
+  // The object is returned unreferenced: ref() it to keep it.
+  static bool read(SoInput* in, SoNode*& rootNode);
+  static bool read(SoInput* in, SoPath*& path);
+  static bool read(SoInput* in, SoBase*& base);
+  // Reads every top-level node until the end of the input, under one
+  // unreferenced SoSeparator (the node itself when the file holds exactly
+  // one separator); nullptr after a read error.
+  static SoSeparator* readAll(SoInput* in);
+
+  // Scene-file headers. A header names the format (ASCII or binary) and the
+  // version; the toolkit registers "#Orvex V1.0 ascii" and "#Orvex V1.0 binary".
+  static bool isValidHeader(const char* testString);
+  static bool registerHeader(const SbString& headerString, bool isBinary, float ivVersion,
+                             SoDBHeaderCB* preCB = nullptr, SoDBHeaderCB* postCB = nullptr,
+                             void* userData = nullptr);
+  static bool getHeaderData(const SbString& headerString, bool& isBinary, float& ivVersion,
+                            SoDBHeaderCB*& preCB, SoDBHeaderCB*& postCB, void*& userData,
+                            bool substringOK = false);
+  static bool getHeaderData(const SbString& headerString, bool& isBinary, float& ivVersion);
+  static int getNumHeaders();
+  static SbString getHeaderString(int whichHeader);
 };

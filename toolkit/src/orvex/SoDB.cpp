@@ -8,6 +8,8 @@
 #include <Orvex/sensors/SoSensorManager.h>
 #include <Orvex/sensors/SoTimerSensor.h>
 
+#include "SceneGraphInit.h"
+
 #include <atomic>
 #include <memory>
 #include <mutex>
@@ -67,6 +69,8 @@ void SoDB::init() {
   SoError::initClasses();
   SoBase::initClass();
   SoField::initClasses();
+  // Containers, nodes, paths, actions, elements and the scene-file headers.
+  orvex::initSceneGraph();
 
   d.mainThread = std::this_thread::get_id();
   d.sensorManager = std::make_unique<SoSensorManager>();

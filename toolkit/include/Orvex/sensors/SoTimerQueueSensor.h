@@ -4,18 +4,22 @@
 
 #include <atomic>
 
+class SoSensorManager;
+
 // A sensor of the sensor manager's timer queue: fires once its trigger time
-// has passed when the timer queue is processed.
+// has passed when the timer queue is processed. schedule() queues the sensor
+// in the database's sensor manager.
 class SoTimerQueueSensor : public SoSensor {
  public:
   SoTimerQueueSensor() = default;
   SoTimerQueueSensor(SoSensorCB* func, void* data) : SoSensor(func, data) {}
+  // Leaves the queue: a deleted sensor never fires.
   ~SoTimerQueueSensor() override;
 
   const SbTime& getTriggerTime() const { return m_triggerTime; }
   void schedule() override;
   void unschedule() override;
-  bool isScheduled() const override { return m_scheduled.load(); }
+  bool isScheduled() const override { return m_manager.load() != nullptr; }
 
  protected:
   void setTriggerTime(const SbTime& t) { m_triggerTime = t; }
@@ -27,6 +31,8 @@ class SoTimerQueueSensor : public SoSensor {
  private:
   friend class SoSensorManager;
   SbTime m_triggerTime;
-  std::atomic<bool> m_scheduled{false};
+  // The manager whose queue holds the sensor; null when not scheduled.
+  // Written under that manager's lock.
+  std::atomic<SoSensorManager*> m_manager{nullptr};
   uint64_t m_stamp = 0;  // insertion order, set by the sensor manager
 };

@@ -25,6 +25,11 @@ class SoTimerSensor : public SoTimerQueueSensor {
   // therefore unschedule the sensor).
   void trigger() override;
 
+ protected:
+  // The rescheduling half of trigger(), for subclasses that decide
+  // themselves whether to call the function.
+  void scheduleNextTick();
+
  private:
   // Computes the first trigger and queues the sensor; caller holds m_mutex.
   void scheduleLocked();

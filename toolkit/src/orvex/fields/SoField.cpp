@@ -1,20 +1,57 @@
 #include <Orvex/fields/SoField.h>
 
-#include <Orvex/fields/SoSFTime.h>
+#include <Orvex/SoFieldList.h>
+#include <Orvex/SoInput.h>
+#include <Orvex/SoOutput.h>
+#include <Orvex/errors/SoReadError.h>
+#include <Orvex/fields/SoFieldContainer.h>
+#include <Orvex/fields/SoMField.h>
 #include <Orvex/fields/SoSField.h>
 
 #include <algorithm>
+#include <cstring>
+
+#include "FieldRegistry.h"
 
 namespace {
 SoType s_fieldType;
 }
 
+// The masters of a connected field. The field audits each master; a change
+// of a master is copied into the field.
+struct SoField::Connection : SoFieldAuditor {
+  explicit Connection(SoField* slave) : slave(slave) {}
+  void fieldChanged(SoField* master) override {
+    if (enabled) slave->takeValueFrom(master);
+  }
+  void fieldDestroyed(SoField* master) override {
+    masters.erase(std::remove(masters.begin(), masters.end(), master), masters.end());
+  }
+  SoField* slave;
+  std::vector<SoField*> masters;
+  bool enabled = true;
+};
+
+struct SoField::Extra {
+  std::vector<SoFieldAuditor*> auditors;
+  std::unique_ptr<Connection> connection;
+};
+
 SoField::SoField() = default;
 
 SoField::~SoField() {
-  if (!m_auditors) return;
-  const std::vector<SoFieldAuditor*> auditors = *m_auditors;
+  if (!m_extra) return;
+  if (m_extra->connection) {
+    for (SoField* master : m_extra->connection->masters) master->removeAuditor(m_extra->connection.get());
+    m_extra->connection.reset();
+  }
+  const std::vector<SoFieldAuditor*> auditors = m_extra->auditors;
   for (SoFieldAuditor* a : auditors) a->fieldDestroyed(this);
+}
+
+SoField::Extra& SoField::extra() {
+  if (!m_extra) m_extra = std::make_unique<Extra>();
+  return *m_extra;
 }
 
 SoType SoField::getClassTypeId() { return s_fieldType; }
@@ -27,7 +64,8 @@ void SoField::initClass() {
 void SoField::initClasses() {
   initClass();
   SoSField::initClass();
-  SoSFTime::initClass();
+  SoMField::initClass();
+  orvex::initFieldClasses();
 }
 
 bool SoField::enableNotify(bool flag) {
@@ -36,30 +74,236 @@ bool SoField::enableNotify(bool flag) {
   return previous;
 }
 
-void SoField::touch() {
-  if (m_notifyEnabled) startNotify();
-}
+void SoField::touch() { startNotify(SoNotRec::FIELD_UPDATE, -1, -1); }
 
 void SoField::valueChanged(bool resetDefault) {
   if (resetDefault) m_isDefault = false;
-  if (m_notifyEnabled) startNotify();
+  startNotify(SoNotRec::FIELD_UPDATE, -1, -1);
+}
+
+void SoField::valueChanged(int index, int numChanged, bool resetDefault) {
+  if (resetDefault) m_isDefault = false;
+  startNotify(SoNotRec::FIELD_MULTIVALUE, index, numChanged);
+}
+
+void SoField::startNotify(SoNotRec::OperationType op, int index, int numChanged) {
+  if (!m_notifyEnabled) return;
+  // Nothing listens: the common case of setting up a fresh node.
+  if ((!m_extra || m_extra->auditors.empty()) && !m_container) return;
+  SoNotList list;
+  notifyChange(&list, op, index, numChanged);
+}
+
+void SoField::notify(SoNotList* list) {
+  const SoNotRec* last = list->getLastRec();
+  notifyChange(list, last ? last->getOperationType() : SoNotRec::UNSPECIFIED, -1, -1);
+}
+
+void SoField::notifyChange(SoNotList* list, SoNotRec::OperationType op, int index, int numChanged) {
+  // A field reached again while it is passing a notification on (a cycle
+  // of connections or references) stops there.
+  if (!m_notifyEnabled || m_inNotify) return;
+  m_inNotify = true;
+  if (m_extra && !m_extra->auditors.empty()) {
+    // A copy: auditors may detach themselves while being told.
+    const std::vector<SoFieldAuditor*> auditors = m_extra->auditors;
+    for (SoFieldAuditor* a : auditors) {
+      if (std::find(m_extra->auditors.begin(), m_extra->auditors.end(), a) != m_extra->auditors.end())
+        a->fieldChanged(this);
+    }
+  }
+  if (m_container && m_container->isNotifyEnabled()) {
+    SoNotRec rec(m_container);
+    rec.setType(list->getLastRec() ? SoNotRec::FIELD : SoNotRec::CONTAINER);
+    rec.setOperationType(op);
+    rec.setFieldNumIndex(index);
+    rec.setFieldNumChanged(numChanged);
+    list->append(&rec, this);
+    m_container->notify(list);
+  }
+  m_inNotify = false;
 }
 
 void SoField::addAuditor(SoFieldAuditor* auditor) {
   if (!auditor) return;
-  if (!m_auditors) m_auditors = std::make_unique<std::vector<SoFieldAuditor*>>();
-  m_auditors->push_back(auditor);
+  extra().auditors.push_back(auditor);
 }
 
 void SoField::removeAuditor(SoFieldAuditor* auditor) {
-  if (!m_auditors) return;
-  auto it = std::find(m_auditors->begin(), m_auditors->end(), auditor);
-  if (it != m_auditors->end()) m_auditors->erase(it);
+  if (!m_extra) return;
+  auto& auditors = m_extra->auditors;
+  auto it = std::find(auditors.begin(), auditors.end(), auditor);
+  if (it != auditors.end()) auditors.erase(it);
 }
 
-void SoField::startNotify() {
-  if (!m_auditors) return;
-  // A copy: auditors may detach themselves while being told.
-  const std::vector<SoFieldAuditor*> auditors = *m_auditors;
-  for (SoFieldAuditor* a : auditors) a->fieldChanged(this);
+int SoField::getNumAuditors() const { return m_extra ? static_cast<int>(m_extra->auditors.size()) : 0; }
+
+// ---- text ---------------------------------------------------------------------
+
+bool SoField::set(const char* valueString) {
+  if (!valueString) return false;
+  SoInput in;
+  in.setBuffer(const_cast<char*>(valueString), std::strlen(valueString));
+  if (!readValue(&in)) return false;
+  valueChanged();
+  return true;
+}
+
+void SoField::get(SbString& valueString) const {
+  SoOutput out;
+  out.setBuffer(nullptr, 0, nullptr);
+  writeValue(&out);
+  void* buffer = nullptr;
+  size_t size = 0;
+  out.getBuffer(buffer, size);
+  valueString = SbString(std::string(static_cast<const char*>(buffer), size));
+}
+
+bool SoField::isSame(const SoField& f) const {
+  if (f.getTypeId() != getTypeId()) return false;
+  SbString a, b;
+  get(a);
+  f.get(b);
+  return a == b;
+}
+
+void SoField::copyFrom(const SoField& f) {
+  if (&f == this || f.getTypeId() != getTypeId()) return;
+  SbString text;
+  f.get(text);
+  set(text.getString());
+}
+
+bool SoField::readValue(SoInput*) { return false; }
+
+void SoField::writeValue(SoOutput*) const {}
+
+bool SoField::read(SoInput* in, const SbName& name) {
+  if (!readValue(in)) {
+    SoReadError::post(in, "Couldn't read value for field \"%s\"", name.getString());
+    return false;
+  }
+  valueChanged();
+  return true;
+}
+
+void SoField::write(SoOutput* out, const SbName& name) const {
+  if (out->getStage() == SoOutput::COUNTREFS) {
+    countWriteRefs(out);
+    return;
+  }
+  if (out->isBinary()) {
+    out->write(name);
+    writeValue(out);
+    return;
+  }
+  out->indent();
+  out->write(name.getString());
+  out->write(' ');
+  writeValue(out);
+  out->endLine();
+}
+
+// ---- connections ----------------------------------------------------------------
+
+bool SoField::connectFrom(SoField* master, bool notify, bool append) {
+  if (!master || master == this) return false;
+  Extra& e = extra();
+  if (!e.connection) e.connection = std::make_unique<Connection>(this);
+  Connection& c = *e.connection;
+  if (!append) {
+    for (SoField* old : c.masters) old->removeAuditor(&c);
+    c.masters.clear();
+  }
+  if (std::find(c.masters.begin(), c.masters.end(), master) == c.masters.end()) {
+    c.masters.push_back(master);
+    master->addAuditor(&c);
+  }
+  if (notify && c.enabled) takeValueFrom(master);
+  return true;
+}
+
+void SoField::disconnect() {
+  if (!m_extra || !m_extra->connection) return;
+  for (SoField* master : m_extra->connection->masters) master->removeAuditor(m_extra->connection.get());
+  m_extra->connection.reset();
+}
+
+void SoField::disconnect(SoField* master) {
+  if (!m_extra || !m_extra->connection) return;
+  Connection& c = *m_extra->connection;
+  auto it = std::find(c.masters.begin(), c.masters.end(), master);
+  if (it == c.masters.end()) return;
+  master->removeAuditor(&c);
+  c.masters.erase(it);
+  if (c.masters.empty()) m_extra->connection.reset();
+}
+
+bool SoField::isConnected() const { return m_extra && m_extra->connection && !m_extra->connection->masters.empty(); }
+
+bool SoField::getConnectedField(SoField*& master) const {
+  if (!isConnected()) {
+    master = nullptr;
+    return false;
+  }
+  master = m_extra->connection->masters.back();
+  return true;
+}
+
+int SoField::getNumConnections() const {
+  return isConnected() ? static_cast<int>(m_extra->connection->masters.size()) : 0;
+}
+
+int SoField::getConnections(SoFieldList& list) const {
+  if (!isConnected()) return 0;
+  for (SoField* m : m_extra->connection->masters) list.append(m);
+  return static_cast<int>(m_extra->connection->masters.size());
+}
+
+int SoField::getForwardConnections(SoFieldList& list) const {
+  if (!m_extra) return 0;
+  int n = 0;
+  for (SoFieldAuditor* a : m_extra->auditors) {
+    if (auto* c = dynamic_cast<Connection*>(a)) {
+      list.append(c->slave);
+      ++n;
+    }
+  }
+  return n;
+}
+
+void SoField::enableConnection(bool flag) {
+  Extra& e = extra();
+  if (!e.connection) e.connection = std::make_unique<Connection>(this);
+  e.connection->enabled = flag;
+}
+
+bool SoField::isConnectionEnabled() const { return !m_extra || !m_extra->connection || m_extra->connection->enabled; }
+
+void SoField::copyConnection(const SoField* from) {
+  SoField* master = nullptr;
+  if (!from || !from->getConnectedField(master)) return;
+  // A master inside the copied graph is replaced by its copy.
+  if (SoFieldContainer* owner = master->getContainer()) {
+    if (SoFieldContainer* copy = SoFieldContainer::checkCopy(owner)) {
+      SbName name;
+      if (owner->getFieldName(master, name))
+        if (SoField* copied = copy->getField(name)) master = copied;
+    }
+  }
+  connectFrom(master);
+}
+
+void SoField::takeValueFrom(SoField* master) {
+  if (m_inNotify) return;
+  if (master->getTypeId() == getTypeId()) {
+    copyFrom(*master);
+  } else {
+    // Different types convert through their text form.
+    SbString text;
+    master->get(text);
+    SoInput in;
+    in.setBuffer(const_cast<char*>(text.getString()), text.getSize());
+    if (readValue(&in)) valueChanged();
+  }
 }

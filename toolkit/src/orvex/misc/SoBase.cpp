@@ -59,6 +59,7 @@ SbName sanitised(const SbName& name) {
 SoBase::SoBase() = default;
 
 SoBase::~SoBase() {
+  if (!m_named.load(std::memory_order_relaxed)) return;
   NameRegistry& reg = names();
   std::lock_guard<std::mutex> lock(reg.mutex);
   reg.forget(this);
@@ -72,6 +73,9 @@ void SoBase::initClass() {
 }
 
 SbName SoBase::getName() const {
+  // One empty name for all: making an SbName looks up the name table.
+  static const SbName noName;
+  if (!m_named.load(std::memory_order_relaxed)) return noName;
   NameRegistry& reg = names();
   std::lock_guard<std::mutex> lock(reg.mutex);
   auto it = reg.nameOf.find(this);
@@ -83,6 +87,7 @@ void SoBase::setName(const SbName& name) {
   NameRegistry& reg = names();
   std::lock_guard<std::mutex> lock(reg.mutex);
   reg.forget(this);
+  m_named = !!newName;
   if (!newName) return;
   reg.nameOf.emplace(this, newName);
   reg.byName[newName].push_back(this);
@@ -114,3 +119,27 @@ int SoBase::getNamedBases(const SbName& name, SoBaseList& result, SoType type) {
 }
 
 const char* SoBase::getFileFormatName() const { return getTypeId().getName().getString(); }
+
+void SoBase::touch() {
+  SoNotList list;
+  SoNotRec rec(this);
+  list.append(&rec);
+  notify(&list);
+}
+
+void SoBase::addAuditor(void* auditor, SoNotRec::Type type) { m_auditors.append(auditor, type); }
+
+void SoBase::removeAuditor(void* auditor, SoNotRec::Type type) { m_auditors.remove(auditor, type); }
+
+void SoBase::notify(SoNotList* list) {
+  if (m_notifying) return;
+  if (m_auditors.getLength() == 0) return;
+  m_notifying = true;
+  m_auditors.notify(list);
+  m_notifying = false;
+}
+
+void SoBase::destroy() {
+  m_auditors.notifyDying(this);
+  delete this;
+}

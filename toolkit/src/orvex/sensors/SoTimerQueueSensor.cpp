@@ -5,8 +5,8 @@
 #include <Orvex/sensors/SoSensorManager.h>
 
 SoTimerQueueSensor::~SoTimerQueueSensor() {
-  // Never leave a dangling pointer in the queue.
-  if (m_scheduled) SoTimerQueueSensor::unschedule();
+  // Never leave a dangling pointer in a queue.
+  SoTimerQueueSensor::unschedule();
 }
 
 void SoTimerQueueSensor::schedule() { scheduleAt(m_triggerTime); }
@@ -21,6 +21,5 @@ void SoTimerQueueSensor::scheduleAt(const SbTime& t) {
 }
 
 void SoTimerQueueSensor::unschedule() {
-  if (!m_scheduled) return;
-  if (SoSensorManager* manager = SoDB::getSensorManager()) manager->removeTimerSensor(this);
+  if (SoSensorManager* manager = m_manager.load()) manager->removeTimerSensor(this);
 }

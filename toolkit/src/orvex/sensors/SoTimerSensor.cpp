@@ -40,22 +40,23 @@ void SoTimerSensor::scheduleLocked() {
 void SoTimerSensor::unschedule() { SoTimerQueueSensor::unschedule(); }
 
 void SoTimerSensor::trigger() {
-  {
-    // Reschedule before calling the function, so the function may unschedule.
-    std::lock_guard<std::mutex> lock(m_mutex);
-    if (!isScheduled()) {  // not rescheduled by another thread meanwhile
-      const SbTime now = SbTime::getTimeOfDay();
-      SbTime next = getTriggerTime() + m_interval;
-      if (m_interval <= SbTime::zero()) {
-        next = now;  // fires at every processing of the queue
-      } else if (next <= now) {
-        // Missed ticks are skipped: jump to the first grid point after now.
-        const double ticks = std::floor((now - m_baseTime) / m_interval) + 1.0;
-        next = m_baseTime + m_interval * ticks;
-        while (next <= now) next += m_interval;
-      }
-      scheduleAt(next);
-    }
-  }
+  // Reschedule before calling the function, so the function may unschedule.
+  scheduleNextTick();
   SoSensor::trigger();
+}
+
+void SoTimerSensor::scheduleNextTick() {
+  std::lock_guard<std::mutex> lock(m_mutex);
+  if (isScheduled()) return;  // rescheduled by another thread meanwhile
+  const SbTime now = SbTime::getTimeOfDay();
+  SbTime next = getTriggerTime() + m_interval;
+  if (m_interval <= SbTime::zero()) {
+    next = now;  // fires at every processing of the queue
+  } else if (next <= now) {
+    // Missed ticks are skipped: jump to the first grid point after now.
+    const double ticks = std::floor((now - m_baseTime) / m_interval) + 1.0;
+    next = m_baseTime + m_interval * ticks;
+    while (next <= now) next += m_interval;
+  }
+  scheduleAt(next);
 }

@@ -1,5 +1,6 @@
 #include <Orvex/SoDB.h>
 #include <Orvex/fields/SoSFTime.h>
+#include <Orvex/nodes/SoInfo.h>
 
 #include <gtest/gtest.h>
 
@@ -111,12 +112,16 @@ TEST_F(SoFieldTest, FlagsAndContainer) {
   SoSFTime a, b;
   a.setIgnored(true);
   EXPECT_TRUE(a.isIgnored());
-  auto* fakeContainer = reinterpret_cast<SoFieldContainer*>(&b);
-  a.setContainer(fakeContainer);
-  EXPECT_EQ(a.getContainer(), fakeContainer);
+  // A real container: a changed field now notifies its container.
+  SoInfo* container = new SoInfo;
+  container->ref();
+  a.setContainer(container);
+  EXPECT_EQ(a.getContainer(), container);
   a.setValue(SbTime(1.0));
   b.setValue(SbTime(1.0));
   EXPECT_TRUE(a == b);
   b.setValue(SbTime(1.5));
   EXPECT_TRUE(a != b);
+  a.setContainer(nullptr);
+  container->unref();
 }

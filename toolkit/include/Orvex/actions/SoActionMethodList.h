@@ -1,0 +1,40 @@
+#pragma once
+#include <Orvex/SoType.h>
+
+#include <vector>
+
+class SoAction;
+class SoNode;
+
+// The function an action calls to traverse a node of a given class.
+typedef void (*SoActionMethod)(SoAction* action, SoNode* node);
+
+// The traversal functions of one action class, indexed by the action-method
+// index of node classes (SoNode::getActionMethodIndex). A node class without
+// its own function uses its parent class's; functions registered for the
+// parent action class apply unless this class overrides them.
+class SoActionMethodList {
+ public:
+  explicit SoActionMethodList(SoActionMethodList* parentList);
+
+  void addMethod(SoType nodeType, SoActionMethod method);
+  // Fills the table for every node class registered so far (done again
+  // automatically after new node classes or methods appear).
+  void setUp();
+  // The function for the node class with that method index.
+  SoActionMethod operator[](int index);
+
+ private:
+  struct Entry {
+    SoType nodeType;
+    SoActionMethod method;
+  };
+  // The function registered for `type` here or in a parent list, or null.
+  SoActionMethod findRegistered(SoType type) const;
+
+  SoActionMethodList* m_parent;
+  std::vector<Entry> m_registered;
+  std::vector<SoActionMethod> m_table;
+  int m_numTypesSetUp = -1;
+  int m_generation = -1;
+};

@@ -1,0 +1,16 @@
+#pragma once
+#include <Orvex/fields/SoMFColor.h>
+#include <Orvex/nodes/SoSubNode.h>
+
+// Diffuse colours of the shapes that follow, without lighting terms.
+class SoBaseColor : public SoNode {
+  SO_NODE_HEADER(SoBaseColor);
+
+ public:
+  SoMFColor rgb;
+
+  SoBaseColor();
+
+ protected:
+  ~SoBaseColor() override;
+};

@@ -1,0 +1,17 @@
+#pragma once
+#include <Orvex/fields/SoMFInt32.h>
+#include <Orvex/nodes/SoNonIndexedShape.h>
+#include <Orvex/nodes/SoSubNode.h>
+
+// Polygons, numVertices vertices each (-1: the remaining coordinates).
+class SoFaceSet : public SoNonIndexedShape {
+  SO_NODE_HEADER(SoFaceSet);
+
+ public:
+  SoMFInt32 numVertices;
+
+  SoFaceSet();
+
+ protected:
+  ~SoFaceSet() override;
+};

@@ -1,0 +1,18 @@
+#pragma once
+#include <Orvex/fields/SoSFEnum.h>
+#include <Orvex/nodes/SoSubNode.h>
+
+// The lighting model of the shapes that follow.
+class SoLightModel : public SoNode {
+  SO_NODE_HEADER(SoLightModel);
+
+ public:
+  enum Model { BASE_COLOR = 0, PHONG = 1 };
+
+  SoSFEnum model;
+
+  SoLightModel();
+
+ protected:
+  ~SoLightModel() override;
+};

@@ -1,0 +1,17 @@
+#pragma once
+#include <Orvex/fields/SoSFMatrix.h>
+#include <Orvex/nodes/SoSubNode.h>
+#include <Orvex/nodes/SoTransformation.h>
+
+// A transformation given as a matrix.
+class SoMatrixTransform : public SoTransformation {
+  SO_NODE_HEADER(SoMatrixTransform);
+
+ public:
+  SoSFMatrix matrix;
+
+  SoMatrixTransform();
+
+ protected:
+  ~SoMatrixTransform() override;
+};

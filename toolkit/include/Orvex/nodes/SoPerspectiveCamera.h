@@ -1,0 +1,18 @@
+#pragma once
+#include <Orvex/fields/SoSFFloat.h>
+#include <Orvex/nodes/SoCamera.h>
+#include <Orvex/nodes/SoSubNode.h>
+
+// A camera with perspective projection; heightAngle is the vertical view angle
+// in radians.
+class SoPerspectiveCamera : public SoCamera {
+  SO_NODE_HEADER(SoPerspectiveCamera);
+
+ public:
+  SoSFFloat heightAngle;
+
+  SoPerspectiveCamera();
+
+ protected:
+  ~SoPerspectiveCamera() override;
+};

@@ -1,0 +1,17 @@
+#pragma once
+#include <Orvex/fields/SoSFVec3f.h>
+#include <Orvex/nodes/SoSubNode.h>
+#include <Orvex/nodes/SoTransformation.h>
+
+// A scale.
+class SoScale : public SoTransformation {
+  SO_NODE_HEADER(SoScale);
+
+ public:
+  SoSFVec3f scaleFactor;
+
+  SoScale();
+
+ protected:
+  ~SoScale() override;
+};

@@ -1,0 +1,17 @@
+#pragma once
+#include <Orvex/fields/SoSFVec3f.h>
+#include <Orvex/nodes/SoSubNode.h>
+#include <Orvex/nodes/SoTransformation.h>
+
+// A translation.
+class SoTranslation : public SoTransformation {
+  SO_NODE_HEADER(SoTranslation);
+
+ public:
+  SoSFVec3f translation;
+
+  SoTranslation();
+
+ protected:
+  ~SoTranslation() override;
+};

@@ -1,0 +1,305 @@
+#pragma once
+// Definitions of the members that SoSubField.h declares. A field source file
+// includes this header and the value I/O it needs, then expands one macro
+// per class.
+
+#include <Orvex/fields/SoSubField.h>
+#include <Orvex/misc/SoBase.h>
+
+#include <algorithm>
+#include <cstring>
+#include <type_traits>
+#include <utility>
+
+#include "FieldValueIO.h"
+#include "FlatArrayIO.h"
+
+namespace orvex {
+namespace fio {
+
+// A default value of any value type (T() does not parse for types like
+// "unsigned short" that come from a macro argument).
+template <class T>
+inline T makeDefault() {
+  return T();
+}
+
+// Values that are references to toolkit objects are referenced while the
+// field holds them, and the field audits them so that their changes reach
+// the field's container. Plain values need nothing.
+template <class T>
+struct RefTraits {
+  static void attach(SoField*, const T&) {}
+  static void detach(SoField*, const T&) {}
+};
+template <class T>
+struct RefTraits<T*> {
+  static void attach(SoField* field, T* object) {
+    if (!object) return;
+    SoBase* base = object;
+    base->ref();
+    base->addAuditor(field, SoNotRec::FIELD);
+  }
+  static void detach(SoField* field, T* object) {
+    if (!object) return;
+    SoBase* base = object;
+    base->removeAuditor(field, SoNotRec::FIELD);
+    base->unref();
+  }
+};
+
+// Storage of a multiple-value field: grows geometrically, may live in memory
+// the field does not own.
+template <class T>
+void allocValues(T*& values, int& num, int& maxNum, int newNum, bool& userData, bool& readOnly,
+                 bool deleteEnabled) {
+  if (newNum < 0) newNum = 0;
+  const bool mustCopy = userData && (readOnly || newNum > maxNum);
+  if (mustCopy || newNum > maxNum) {
+    int cap = newNum;
+    if (!mustCopy && newNum > maxNum && maxNum > 0) cap = std::max(newNum, maxNum + maxNum / 2);
+    T* fresh = new T[static_cast<size_t>(cap)]();
+    const int keep = std::min(num, newNum);
+    for (int i = 0; i < keep; ++i) fresh[i] = std::move(values[i]);
+    if (values && !userData && deleteEnabled) delete[] values;
+    values = fresh;
+    maxNum = cap;
+    userData = false;
+    readOnly = false;
+  } else {
+    // Values beyond the new end are reset, so that a later growth starts
+    // from defaults and references are not kept alive.
+    for (int i = newNum; i < num; ++i) values[i] = T();
+    for (int i = num; i < newNum; ++i) values[i] = T();
+  }
+  num = newNum;
+}
+
+template <class T>
+void freeValues(T*& values, int& num, int& maxNum, bool& userData, bool& readOnly, bool deleteEnabled) {
+  if (values && !userData && deleteEnabled) delete[] values;
+  values = nullptr;
+  num = maxNum = 0;
+  userData = readOnly = false;
+}
+
+template <class T>
+void writeBinary(SoOutput* out, const T* values, int num, bool& done) {
+  if constexpr (FlatArray<T>::ok) {
+    using C = typename FlatArray<T>::C;
+    static_assert(sizeof(T) == sizeof(C) * FlatArray<T>::n, "value must be its components");
+    out->writeBinaryArray(reinterpret_cast<const C*>(values), num * FlatArray<T>::n);
+    done = true;
+  } else {
+    done = false;
+  }
+}
+
+template <class T>
+bool readBinary(SoInput* in, T* values, int num, bool& done) {
+  if constexpr (FlatArray<T>::ok) {
+    using C = typename FlatArray<T>::C;
+    done = true;
+    return in->readBinaryArray(reinterpret_cast<C*>(values), num * FlatArray<T>::n);
+  } else {
+    done = false;
+    return true;
+  }
+}
+
+}  // namespace fio
+}  // namespace orvex
+
+#define SO_FIELD_SOURCE(className, parentClass, typeName)                              \
+  SoType className::s_classTypeId;                                                    \
+  SoType className::getClassTypeId() { return s_classTypeId; }                        \
+  SoType className::getTypeId() const { return s_classTypeId; }                       \
+  void className::initClass() {                                                       \
+    if (s_classTypeId.isBad())                                                        \
+      s_classTypeId = SoType::createType(parentClass::getClassTypeId(), typeName,     \
+                                         &className::createInstance);                 \
+  }                                                                                   \
+  void* className::createInstance() { return static_cast<SoField*>(new className); }  \
+  bool className::isSame(const SoField& f) const {                                    \
+    return f.getTypeId() == getTypeId() && *this == static_cast<const className&>(f); \
+  }                                                                                   \
+  void className::copyFrom(const SoField& f) {                                        \
+    if (&f != this && f.isOfType(s_classTypeId)) *this = static_cast<const className&>(f); \
+  }
+
+// Single-value field of a plain or reference value: everything but reading
+// and writing the value.
+#define SO_SFIELD_CORE_SOURCE(className, typeName, valueType, valueRef)                \
+  SO_FIELD_SOURCE(className, SoSField, typeName)                                       \
+  className::className() : value() {}                                                  \
+  className::~className() { orvex::fio::RefTraits<valueType>::detach(this, value); }   \
+  void className::setValue(valueRef newValue) {                                        \
+    orvex::fio::RefTraits<valueType>::attach(this, newValue);                          \
+    orvex::fio::RefTraits<valueType>::detach(this, value);                             \
+    value = newValue;                                                                  \
+    valueChanged();                                                                    \
+  }                                                                                    \
+  className& className::operator=(const className& f) {                                \
+    if (this != &f) setValue(f.value);                                                 \
+    return *this;                                                                      \
+  }                                                                                    \
+  bool className::operator==(const className& f) const { return orvex::fio::equal(value, f.value); }
+
+// Reading and writing through the value I/O overloads.
+#define SO_SFIELD_IO_SOURCE(className, valueType)                                      \
+  bool className::readValue(SoInput* in) {                                             \
+    valueType v{};                                                                     \
+    if (!orvex::fio::read(in, v)) return false;                                        \
+    orvex::fio::RefTraits<valueType>::attach(this, v);                                 \
+    orvex::fio::RefTraits<valueType>::detach(this, value);                             \
+    value = v;                                                                         \
+    return true;                                                                       \
+  }                                                                                    \
+  void className::writeValue(SoOutput* out) const { orvex::fio::write(out, value); }
+
+#define SO_SFIELD_SOURCE(className, typeName, valueType, valueRef)  \
+  SO_SFIELD_CORE_SOURCE(className, typeName, valueType, valueRef)  \
+  SO_SFIELD_IO_SOURCE(className, valueType)
+
+// Multiple-value field of a plain or reference value: everything but reading
+// and writing one value.
+#define SO_MFIELD_CORE_SOURCE(className, typeName, valueType, valueRef)                \
+  SO_FIELD_SOURCE(className, SoMField, typeName)                                       \
+  className::className() {}                                                            \
+  className::~className() { deleteAllValues(); }                                       \
+  void className::allocValues(int newNum) {                                            \
+    for (int i = std::max(newNum, 0); i < num; ++i)                                    \
+      orvex::fio::RefTraits<valueType>::detach(this, values[i]);                       \
+    orvex::fio::allocValues(values, num, maxNum, newNum, m_userDataIsUsed,             \
+                            m_userDataIsReadOnly, m_deleteValuesEnabled);              \
+  }                                                                                    \
+  void className::deleteAllValues() {                                                  \
+    for (int i = 0; i < num; ++i) orvex::fio::RefTraits<valueType>::detach(this, values[i]); \
+    orvex::fio::freeValues(values, num, maxNum, m_userDataIsUsed, m_userDataIsReadOnly, \
+                           m_deleteValuesEnabled);                                     \
+  }                                                                                    \
+  void className::copyValue(int to, int from) {                                        \
+    if (to == from) return;                                                            \
+    orvex::fio::RefTraits<valueType>::attach(this, values[from]);                      \
+    orvex::fio::RefTraits<valueType>::detach(this, values[to]);                        \
+    values[to] = values[from];                                                         \
+  }                                                                                    \
+  void className::resetValue(int index) {                                              \
+    orvex::fio::RefTraits<valueType>::detach(this, values[index]);                     \
+    values[index] = orvex::fio::makeDefault<valueType>();                                                       \
+  }                                                                                    \
+  int className::find(valueRef targetValue, bool addIfNotFound) {                      \
+    for (int i = 0; i < num; ++i)                                                      \
+      if (orvex::fio::equal(values[i], targetValue)) return i;                         \
+    if (!addIfNotFound) return -1;                                                     \
+    set1Value(num, targetValue);                                                       \
+    return num - 1;                                                                    \
+  }                                                                                    \
+  void className::setValues(int start, int n, valueType const* newValues) {            \
+    if (start < 0 || n < 0 || (n > 0 && !newValues)) return;                           \
+    if (start + n > num || m_userDataIsReadOnly) allocValues(std::max(num, start + n)); \
+    for (int i = 0; i < n; ++i) {                                                      \
+      orvex::fio::RefTraits<valueType>::attach(this, newValues[i]);                    \
+      orvex::fio::RefTraits<valueType>::detach(this, values[start + i]);               \
+      values[start + i] = newValues[i];                                                \
+    }                                                                                  \
+    valueChanged(start, n);                                                            \
+  }                                                                                    \
+  void className::set1Value(int index, valueRef newValue) {                            \
+    if (index < 0) return;                                                             \
+    if (index >= num || m_userDataIsReadOnly) allocValues(std::max(num, index + 1));   \
+    orvex::fio::RefTraits<valueType>::attach(this, newValue);                          \
+    orvex::fio::RefTraits<valueType>::detach(this, values[index]);                     \
+    values[index] = newValue;                                                          \
+    valueChanged(index, 1);                                                            \
+  }                                                                                    \
+  void className::setValue(valueRef newValue) {                                        \
+    orvex::fio::RefTraits<valueType>::attach(this, newValue);                          \
+    allocValues(1);                                                                    \
+    orvex::fio::RefTraits<valueType>::detach(this, values[0]);                         \
+    values[0] = newValue;                                                              \
+    valueChanged();                                                                    \
+  }                                                                                    \
+  className& className::operator=(const className& f) {                                \
+    if (this != &f) {                                                                  \
+      allocValues(f.num);                                                              \
+      for (int i = 0; i < f.num; ++i) {                                                \
+        orvex::fio::RefTraits<valueType>::attach(this, f.values[i]);                   \
+        orvex::fio::RefTraits<valueType>::detach(this, values[i]);                     \
+        values[i] = f.values[i];                                                       \
+      }                                                                                \
+      valueChanged();                                                                  \
+    }                                                                                  \
+    return *this;                                                                      \
+  }                                                                                    \
+  bool className::operator==(const className& f) const {                               \
+    if (num != f.num) return false;                                                    \
+    for (int i = 0; i < num; ++i)                                                      \
+      if (!orvex::fio::equal(values[i], f.values[i])) return false;                    \
+    return true;                                                                       \
+  }                                                                                    \
+  valueType* className::startEditing() {                                               \
+    if (m_userDataIsReadOnly) allocValues(num);                                        \
+    m_editing = true;                                                                  \
+    return values;                                                                     \
+  }                                                                                    \
+  void className::finishEditing() {                                                    \
+    m_editing = false;                                                                 \
+    valueChanged(0, num);                                                              \
+  }                                                                                    \
+  void className::setValuesPointer(int n, valueType* userData) {                       \
+    deleteAllValues();                                                                 \
+    if (n > 0 && userData) {                                                           \
+      values = userData;                                                               \
+      num = maxNum = n;                                                                \
+      m_userDataIsUsed = true;                                                         \
+      for (int i = 0; i < num; ++i) orvex::fio::RefTraits<valueType>::attach(this, values[i]); \
+    }                                                                                  \
+    valueChanged();                                                                    \
+  }                                                                                    \
+  void className::setValuesPointer(int n, valueType const* userData) {                 \
+    setValuesPointer(n, const_cast<valueType*>(userData));                             \
+    if (m_userDataIsUsed) m_userDataIsReadOnly = true;                                 \
+  }
+
+// Reading and writing one value through the value I/O overloads.
+#define SO_MFIELD_IO_SOURCE(className, valueType)                                      \
+  bool className::read1Value(SoInput* in, int index) {                                 \
+    valueType v{};                                                                     \
+    if (!orvex::fio::read(in, v)) return false;                                        \
+    orvex::fio::RefTraits<valueType>::attach(this, v);                                 \
+    orvex::fio::RefTraits<valueType>::detach(this, values[index]);                     \
+    values[index] = v;                                                                 \
+    return true;                                                                       \
+  }                                                                                    \
+  void className::write1Value(SoOutput* out, int index) const {                        \
+    orvex::fio::write(out, values[index]);                                             \
+  }                                                                                    \
+  bool className::readValue(SoInput* in) {                                             \
+    if (orvex::fio::tryReadFlatAscii<valueType>(in, [this](const void* data, int count) { \
+          allocValues(count);                                                          \
+          if (count) std::memcpy(static_cast<void*>(values), data, sizeof(valueType) * count); \
+        }))                                                                            \
+      return true;                                                                     \
+    return SoMField::readValue(in);                                                    \
+  }                                                                                    \
+  void className::writeValue(SoOutput* out) const {                                    \
+    if (!orvex::fio::tryWriteFlatAscii(out, values, num, getNumValuesPerLine()))       \
+      SoMField::writeValue(out);                                                       \
+  }                                                                                    \
+  bool className::readBinaryValues(SoInput* in, int numToRead) {                       \
+    allocValues(numToRead);                                                            \
+    bool done = false;                                                                 \
+    const bool ok = orvex::fio::readBinary(in, values, numToRead, done);               \
+    if (done) return ok;                                                               \
+    return SoMField::readBinaryValues(in, numToRead);                                  \
+  }                                                                                    \
+  void className::writeBinaryValues(SoOutput* out) const {                             \
+    bool done = false;                                                                 \
+    orvex::fio::writeBinary(out, values, num, done);                                   \
+    if (!done) SoMField::writeBinaryValues(out);                                       \
+  }
+
+#define SO_MFIELD_SOURCE(className, typeName, valueType, valueRef)  \
+  SO_MFIELD_CORE_SOURCE(className, typeName, valueType, valueRef)  \
+  SO_MFIELD_IO_SOURCE(className, valueType)

@@ -1,0 +1,165 @@
+#include <Orvex/fields/SoMField.h>
+
+#include <Orvex/SoInput.h>
+#include <Orvex/SoOutput.h>
+
+#include <cstring>
+#include <string>
+
+namespace {
+SoType s_mfieldType;
+}
+
+SoMField::SoMField() = default;
+SoMField::~SoMField() = default;
+
+SoType SoMField::getClassTypeId() { return s_mfieldType; }
+
+void SoMField::initClass() {
+  SoField::initClass();
+  if (s_mfieldType.isBad()) s_mfieldType = SoType::createType(SoField::getClassTypeId(), "MField");
+}
+
+void SoMField::setNum(int newNum) {
+  if (newNum < 0 || newNum == num) return;
+  allocValues(newNum);
+  valueChanged();
+}
+
+void SoMField::deleteValues(int start, int count) {
+  if (start < 0 || start >= num) return;
+  if (count < 0 || start + count > num) count = num - start;
+  if (count == 0) return;
+  for (int i = start; i + count < num; ++i) copyValue(i, i + count);
+  allocValues(num - count);
+  valueChanged();
+}
+
+void SoMField::insertSpace(int start, int count) {
+  if (start < 0 || count <= 0) return;
+  if (start > num) start = num;
+  const int oldNum = num;
+  allocValues(num + count);
+  for (int i = oldNum - 1; i >= start; --i) copyValue(i + count, i);
+  for (int i = start; i < start + count; ++i) resetValue(i);
+  valueChanged();
+}
+
+bool SoMField::set1(int index, const char* valueString) {
+  if (index < 0 || !valueString) return false;
+  SoInput in;
+  in.setBuffer(const_cast<char*>(valueString), std::strlen(valueString));
+  const int oldNum = num;
+  if (index >= num) allocValues(index + 1);
+  if (!read1Value(&in, index)) {
+    if (num != oldNum) allocValues(oldNum);
+    return false;
+  }
+  valueChanged(index, 1);
+  return true;
+}
+
+void SoMField::get1(int index, SbString& valueString) const {
+  if (index < 0 || index >= num) {
+    valueString.makeEmpty();
+    return;
+  }
+  SoOutput out;
+  out.setBuffer(nullptr, 0, nullptr);
+  write1Value(&out, index);
+  void* buffer = nullptr;
+  size_t size = 0;
+  out.getBuffer(buffer, size);
+  valueString = SbString(std::string(static_cast<const char*>(buffer), size));
+}
+
+void SoMField::disableDeleteValues() { m_deleteValuesEnabled = false; }
+
+bool SoMField::readValue(SoInput* in) {
+  if (in->isBinary()) {
+    int count = 0;
+    if (!in->read(count) || count < 0) return false;
+    // Every value takes at least one byte, so a count beyond what is left
+    // is a damaged file, not a reason to allocate.
+    if (static_cast<size_t>(count) > in->getNumBytesLeft()) return false;
+    return readBinaryValues(in, count);
+  }
+  char c;
+  if (!in->read(c)) return false;
+  if (c != '[') {
+    in->putBack(c);
+    allocValues(1);
+    return read1Value(in, 0);
+  }
+  int count = 0;
+  allocValues(0);
+  for (;;) {
+    if (!in->read(c)) return false;
+    if (c == ']') break;
+    in->putBack(c);
+    allocValues(count + 1);
+    if (!read1Value(in, count)) {
+      allocValues(count);
+      return false;
+    }
+    ++count;
+    if (!in->read(c)) return false;
+    if (c == ']') break;
+    if (c != ',') in->putBack(c);  // commas between values are optional
+  }
+  allocValues(count);
+  return true;
+}
+
+void SoMField::writeValue(SoOutput* out) const {
+  if (out->isBinary()) {
+    out->write(num);
+    writeBinaryValues(out);
+    return;
+  }
+  if (num == 1) {
+    write1Value(out, 0);
+    return;
+  }
+  if (num == 0) {
+    out->write("[ ]");
+    return;
+  }
+  const int perLine = getNumValuesPerLine();
+  out->write("[ ");
+  out->incrementIndent();
+  for (int i = 0; i < num; ++i) {
+    write1Value(out, i);
+    if (i + 1 == num) break;
+    // Values that end their own lines (nodes) need no comma.
+    if (out->isAtLineStart()) {
+      out->indent();
+      continue;
+    }
+    out->write(',');
+    if ((i + 1) % perLine == 0) {
+      out->write('\n');
+      out->indent();
+    } else {
+      out->write(' ');
+    }
+  }
+  out->decrementIndent();
+  if (out->isAtLineStart()) {
+    out->indent();
+    out->write("]");
+  } else {
+    out->write(" ]");
+  }
+}
+
+bool SoMField::readBinaryValues(SoInput* in, int numToRead) {
+  allocValues(numToRead);
+  for (int i = 0; i < numToRead; ++i)
+    if (!read1Value(in, i)) return false;
+  return true;
+}
+
+void SoMField::writeBinaryValues(SoOutput* out) const {
+  for (int i = 0; i < num; ++i) write1Value(out, i);
+}

@@ -1,0 +1,23 @@
+#pragma once
+// Reading one object of a scene file, shared by the database, groups, paths
+// and node fields.
+
+#include <Orvex/SoType.h>
+
+class SoBase;
+class SoInput;
+
+namespace orvex {
+
+enum class ReadResult {
+  OK,    // an object (or NULL, which gives nullptr)
+  END,   // the input ended before an object started
+  FAIL   // a read error was posted
+};
+
+// Reads "[DEF name] Type { ... }", "USE name" or "NULL". On OK a non-null
+// object comes with one reference for the caller. The object's type must
+// derive from expectedType.
+ReadResult readObject(SoInput* in, SoBase*& base, SoType expectedType);
+
+}  // namespace orvex

@@ -1,0 +1,34 @@
+#include <Orvex/sensors/SoDelayQueueSensor.h>
+
+#include <Orvex/SoDB.h>
+#include <Orvex/errors/SoDebugError.h>
+#include <Orvex/sensors/SoSensorManager.h>
+
+SoDelayQueueSensor::SoDelayQueueSensor() : m_priority(getDefaultPriority()) {}
+
+SoDelayQueueSensor::SoDelayQueueSensor(SoSensorCB* func, void* data)
+    : SoSensor(func, data), m_priority(getDefaultPriority()) {}
+
+SoDelayQueueSensor::~SoDelayQueueSensor() { SoDelayQueueSensor::unschedule(); }
+
+void SoDelayQueueSensor::setPriority(uint32_t priority) {
+  if (m_priority.exchange(priority) == priority) return;
+  // Requeue so the sensor takes its place for the new priority.
+  if (SoSensorManager* manager = m_manager.load()) {
+    manager->removeDelaySensor(this);
+    manager->insertDelaySensor(this);
+  }
+}
+
+void SoDelayQueueSensor::schedule() {
+  SoSensorManager* manager = SoDB::getSensorManager();
+  if (!manager) {
+    SoDebugError::post("SoDelayQueueSensor::schedule", "SoDB::init() must be called before scheduling sensors");
+    return;
+  }
+  manager->insertDelaySensor(this);
+}
+
+void SoDelayQueueSensor::unschedule() {
+  if (SoSensorManager* manager = m_manager.load()) manager->removeDelaySensor(this);
+}

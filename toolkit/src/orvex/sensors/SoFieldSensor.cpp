@@ -1,0 +1,54 @@
+#include <Orvex/sensors/SoFieldSensor.h>
+
+#include <Orvex/fields/SoFieldContainer.h>
+#include <Orvex/nodes/SoNode.h>
+
+SoFieldSensor::SoFieldSensor() = default;
+
+SoFieldSensor::SoFieldSensor(SoSensorCB* func, void* data) : SoDataSensor(func, data) {}
+
+SoFieldSensor::~SoFieldSensor() { detach(); }
+
+void SoFieldSensor::attach(SoField* field) {
+  detach();
+  if (!field) return;
+  std::lock_guard<std::mutex> lock(m_attachMutex);
+  m_field = field;
+  field->addAuditor(this);
+}
+
+void SoFieldSensor::detach() {
+  {
+    std::lock_guard<std::mutex> lock(m_attachMutex);
+    if (m_field) m_field->removeAuditor(this);
+    m_field = nullptr;
+  }
+  unschedule();
+}
+
+SoField* SoFieldSensor::getAttachedField() const {
+  std::lock_guard<std::mutex> lock(m_attachMutex);
+  return m_field;
+}
+
+void SoFieldSensor::fieldChanged(SoField* field) {
+  TriggerInfo info;
+  info.field = field;
+  SoFieldContainer* container = field->getContainer();
+  if (container && container->isOfType(SoNode::getClassTypeId())) info.node = static_cast<SoNode*>(container);
+  dataChanged(info);
+}
+
+void SoFieldSensor::fieldDestroyed(SoField* field) {
+  if (getAttachedField() == field) watchedObjectDying();
+}
+
+void SoFieldSensor::detachDying() {
+  // The field is going away: forget it without touching its auditor list,
+  // which the field is walking.
+  {
+    std::lock_guard<std::mutex> lock(m_attachMutex);
+    m_field = nullptr;
+  }
+  unschedule();
+}
