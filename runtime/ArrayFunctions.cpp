@@ -1,6 +1,7 @@
 #include "ArrayFunctions.h"
 
 #include <memory>
+#include <type_traits>
 
 namespace {
 // Borrows the elements, copies them one by one into a new native array and
@@ -18,16 +19,22 @@ T* copyToNative(JNIEnv* env, A array, J* (JNIEnv::*get)(A, jboolean*),
   return copy;
 }
 
-// Widens (or copies) into a temporary of the Java element width, then fills
-// a new Java array from it.
+// A new Java array of `count` values. Values narrower than the Java elements
+// (32-bit longs) are widened through a temporary of the Java element width;
+// values of the same width fill the array straight from `data`.
 template <typename J, typename T, typename A>
 A copyToJava(JNIEnv* env, int count, const T* data, A (JNIEnv::*create)(jsize),
              void (JNIEnv::*fill)(A, jsize, jsize, const J*)) {
   if (data == nullptr) return nullptr;
-  auto wide = std::make_unique<J[]>(static_cast<size_t>(count > 0 ? count : 0));
-  for (int i = 0; i < count; ++i) wide[i] = static_cast<J>(data[i]);
   A array = (env->*create)(count);
-  if (array != nullptr) (env->*fill)(array, 0, count, wide.get());
+  if (array == nullptr) return nullptr;  // OutOfMemoryError pending
+  if constexpr (std::is_same_v<J, T>) {
+    (env->*fill)(array, 0, count, data);
+  } else {
+    auto wide = std::make_unique<J[]>(static_cast<size_t>(count > 0 ? count : 0));
+    for (int i = 0; i < count; ++i) wide[i] = static_cast<J>(data[i]);
+    (env->*fill)(array, 0, count, wide.get());
+  }
   return array;
 }
 }  // namespace
@@ -61,9 +68,5 @@ jlongArray getJLongArrayFunc(JNIEnv* env, int count, const OrxLong32* data) {
 }
 
 jfloatArray getJFloatArrayFunc(JNIEnv* env, int count, const float* data) {
-  // Same width on both sides: filled straight from the caller's data.
-  if (data == nullptr) return nullptr;
-  jfloatArray array = env->NewFloatArray(count);
-  if (array != nullptr) env->SetFloatArrayRegion(array, 0, count, data);
-  return array;
+  return copyToJava<jfloat>(env, count, data, &JNIEnv::NewFloatArray, &JNIEnv::SetFloatArrayRegion);
 }

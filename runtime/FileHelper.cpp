@@ -6,14 +6,11 @@
 #include <Orvex/SbFileHelper.h>
 #include <Orvex/SbString.h>
 
-#include "StringHelper.h"
-
-FileHelper::FileHelper(JNIEnv* env, jstring fileName) : m_fileName(new StringHelper(env, fileName)) {}
+FileHelper::FileHelper(JNIEnv* env, jstring fileName) : m_fileName(std::make_unique<StringHelper>(env, fileName)) {}
 
 FileHelper::~FileHelper() {
   if (m_file != nullptr) SbFileHelper::close(m_file);
   std::free(m_mode);
-  delete m_fileName;
 }
 
 FILE* FileHelper::open(const char* mode) {

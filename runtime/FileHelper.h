@@ -5,16 +5,19 @@
 #include <jni.h>
 
 #include <cstdio>
+#include <memory>
 
 #include "OrvexJavaExport.h"
-
-class StringHelper;
+#include "StringHelper.h"
 
 class ORVEXJAVA_API FileHelper {
  public:
   FileHelper(JNIEnv* env, jstring fileName);
-  // Closes the stream, if open. Not to be copied once opened.
+  // Closes the stream, if open.
   virtual ~FileHelper();
+  // One owner per stream: a copy would close it twice.
+  FileHelper(const FileHelper&) = delete;
+  FileHelper& operator=(const FileHelper&) = delete;
 
   // The file opened with `mode`: null for a null mode; the open stream when
   // it was opened with the same mode; otherwise the previous stream is closed
@@ -22,7 +25,7 @@ class ORVEXJAVA_API FileHelper {
   FILE* open(const char* mode);
 
  private:
-  StringHelper* m_fileName;
+  std::unique_ptr<StringHelper> m_fileName;
   FILE* m_file = nullptr;
   char* m_mode = nullptr;
 };

@@ -53,6 +53,30 @@ ClassNameCache& cache() {
   return *instance;
 }
 
+// ObjectManager.getManagedObjectForInternal(Class, long), resolved on first
+// use and kept: it serves every object handed to Java, so it is not looked up
+// per call. The binding cannot work without it (FatalError).
+struct ManagedObjectLookup {
+  jclass objectManager;
+  jmethodID getManagedObjectFor;
+};
+
+const ManagedObjectLookup& managedObjectLookup(JNIEnv* env) {
+  static const ManagedObjectLookup lookup = [env] {
+    jclass local = env->FindClass("com/orvexa/internal/ObjectManager");
+    if (local == nullptr) env->FatalError("Unable to resolve class com.orvexa.internal.ObjectManager");
+    jmethodID method = env->GetStaticMethodID(local, "getManagedObjectForInternal",
+                                              "(Ljava/lang/Class;J)Lcom/orvexa/orvex/Orvex;");
+    if (method == nullptr) {
+      env->FatalError("Unable to resolve method com.orvexa.internal.ObjectManager.getManagedObjectFor()");
+    }
+    auto global = static_cast<jclass>(env->NewGlobalRef(local));
+    env->DeleteLocalRef(local);
+    return ManagedObjectLookup{global, method};
+  }();
+  return lookup;
+}
+
 bool startsWith(const std::string& s, const char* prefix) { return s.compare(0, std::strlen(prefix), prefix) == 0; }
 
 // Steps 4 to 7 for one toolkit type: the full class name, or empty.
@@ -136,15 +160,8 @@ jobject makeManagedJavaObject(JNIEnv* env, const char* javaClassName, jlong addr
     env->ExceptionClear();
     return nullptr;
   }
-  jclass objectManager = env->FindClass("com/orvexa/internal/ObjectManager");
-  if (objectManager == nullptr) env->FatalError("Unable to resolve class com.orvexa.internal.ObjectManager");
-  jmethodID getManaged = env->GetStaticMethodID(objectManager, "getManagedObjectForInternal",
-                                                "(Ljava/lang/Class;J)Lcom/orvexa/orvex/Orvex;");
-  if (getManaged == nullptr) {
-    env->FatalError("Unable to resolve method com.orvexa.internal.ObjectManager.getManagedObjectFor()");
-  }
-  jobject result = env->CallStaticObjectMethod(objectManager, getManaged, cls, address);
-  env->DeleteLocalRef(objectManager);
+  const ManagedObjectLookup& lookup = managedObjectLookup(env);
+  jobject result = env->CallStaticObjectMethod(lookup.objectManager, lookup.getManagedObjectFor, cls, address);
   env->DeleteLocalRef(cls);
   return result;
 }
@@ -154,16 +171,16 @@ jobject SoBaseJava(JNIEnv* env, const SoBase* object) {
     PRINTDBG("DEBUG: NTV->SoBaseJava called for null class !!!!!!!\n");
     return nullptr;
   }
-  jstring typeName = StringHelper::fromNativeString(env, object->getTypeId().getName());
   jclass soBase = env->FindClass("com/orvexa/orvex/misc/SoBase");
   if (soBase == nullptr) return nullptr;  // NoClassDefFoundError pending
   jmethodID newInstance =
       env->GetStaticMethodID(soBase, "newInstance", "(JLjava/lang/String;)Lcom/orvexa/orvex/misc/SoBase;");
   jobject result = nullptr;
   if (newInstance != nullptr) {
+    jstring typeName = StringHelper::fromNativeString(env, object->getTypeId().getName());
     result = env->CallStaticObjectMethod(soBase, newInstance, reinterpret_cast<jlong>(object), typeName);
+    env->DeleteLocalRef(typeName);
   }
   env->DeleteLocalRef(soBase);
-  env->DeleteLocalRef(typeName);
   return result;
 }

@@ -21,6 +21,8 @@ void setNativeDebugFlag(int flag) { s_nativeDebug.store(flag, std::memory_order_
 void initialize(JNIEnv* env, jobject object) {
   jclass cls = env->GetObjectClass(object);
   jmethodID init = env->GetMethodID(cls, "initialize", "()V");
+  // Callers may run on native threads that never return to Java.
+  env->DeleteLocalRef(cls);
   if (init == nullptr) return;  // no such method: the lookup's error stays pending
   env->CallVoidMethod(object, init);
 }

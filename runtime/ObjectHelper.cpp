@@ -27,12 +27,21 @@ jmethodID requireStaticMethod(JNIEnv* env, jclass cls, const char* name, const c
   return id;
 }
 
-// A pending Java exception becomes an IllegalArgumentException with `message`.
-bool replacePendingException(JNIEnv* env, const char* message) {
-  if (!env->ExceptionCheck()) return false;
-  ExceptionHelper::throwIllegalArgException(env, message);
-  return true;
+// Calls `call` with a Java string of `name`. An exception raised by Java is
+// described and replaced by an IllegalArgumentException with `failure`, and
+// the result is then zero (null).
+template <typename Call>
+auto callWithName(JNIEnv* env, const char* name, const char* failure, Call call) -> decltype(call(jstring{})) {
+  jstring javaName = env->NewStringUTF(name);
+  const auto result = call(javaName);
+  env->DeleteLocalRef(javaName);
+  if (env->ExceptionCheck()) {
+    ExceptionHelper::throwIllegalArgException(env, failure);
+    return {};
+  }
+  return result;
 }
+
 }  // namespace
 
 void ObjectHelper::init(JNIEnv* env) {
@@ -63,56 +72,42 @@ void* ObjectHelper::getManagedObject(const char* typeName) {
   JNIEnv* env = JNIEnvHelper::getEnv();
   if (env == nullptr) return nullptr;
   init(env);
-  jstring name = env->NewStringUTF(typeName);
-  const jlong handle = env->CallStaticLongMethod(s_dynamicTypeManagerClass, s_newInstanceFromNativeTypeName, name);
-  const bool raised = env->ExceptionCheck();
-  env->DeleteLocalRef(name);
-  if (raised && replacePendingException(
-          env, "ObjectHelper::getManagedObject : exception raised during execution of DynamicTypeManager.newInstance")) {
-    return nullptr;
-  }
+  const jlong handle = callWithName(
+      env, typeName,
+      "ObjectHelper::getManagedObject : exception raised during execution of DynamicTypeManager.newInstance",
+      [&](jstring name) {
+        return env->CallStaticLongMethod(s_dynamicTypeManagerClass, s_newInstanceFromNativeTypeName, name);
+      });
   return reinterpret_cast<void*>(handle);
 }
 
 jobject ObjectHelper::getManagedObject(JNIEnv* env, const char* className) {
   init(env);
-  jstring name = env->NewStringUTF(className);
-  jobject result = env->CallStaticObjectMethod(s_orxInternalObjectManagerClass, s_newInstanceFromClassNameId, name);
-  const bool raised = env->ExceptionCheck();
-  env->DeleteLocalRef(name);
-  if (raised && replacePendingException(
-          env, "ObjectHelper::getManagedObject : exception raised during execution of ObjectManager.newInstance")) {
-    return nullptr;
-  }
-  return result;
+  return callWithName(
+      env, className, "ObjectHelper::getManagedObject : exception raised during execution of ObjectManager.newInstance",
+      [&](jstring name) {
+        return env->CallStaticObjectMethod(s_orxInternalObjectManagerClass, s_newInstanceFromClassNameId, name);
+      });
 }
 
 jobject ObjectHelper::getManagedObject(JNIEnv* env, const char* className, jlong handle) {
   init(env);
-  jstring name = env->NewStringUTF(className);
-  jobject result =
-      env->CallStaticObjectMethod(s_orxInternalObjectManagerClass, s_getManagedObjectForId, name, handle);
-  const bool raised = env->ExceptionCheck();
-  env->DeleteLocalRef(name);
-  if (raised && replacePendingException(env,
-                              "ObjectHelper::getManagedObject : exception raised during execution of "
-                              "ObjectManager.getManagedObjectFor")) {
-    return nullptr;
-  }
-  return result;
+  return callWithName(
+      env, className,
+      "ObjectHelper::getManagedObject : exception raised during execution of ObjectManager.getManagedObjectFor",
+      [&](jstring name) {
+        return env->CallStaticObjectMethod(s_orxInternalObjectManagerClass, s_getManagedObjectForId, name, handle);
+      });
 }
 
 jobject ObjectHelper::getEnum(JNIEnv* env, const char* enumClassName, jint value) {
   init(env);
-  jstring name = env->NewStringUTF(enumClassName);
-  jobject result = env->CallStaticObjectMethod(s_orxInternalObjectManagerClass, s_getEnumValueOfId, name, value);
-  const bool raised = env->ExceptionCheck();
-  env->DeleteLocalRef(name);
-  if (raised && replacePendingException(
-          env, "ObjectHelper::getJavaEnum : exception raised during execution of ObjectManager.getEnumValueOf")) {
-    return nullptr;
-  }
-  return result;
+  return callWithName(
+      env, enumClassName,
+      "ObjectHelper::getJavaEnum : exception raised during execution of ObjectManager.getEnumValueOf",
+      [&](jstring name) {
+        return env->CallStaticObjectMethod(s_orxInternalObjectManagerClass, s_getEnumValueOfId, name, value);
+      });
 }
 
 int ObjectHelper::getEnumValue(JNIEnv* env, jobject enumConstant) {

@@ -59,37 +59,42 @@ void errorHandlerCB(const SoError* error, void* /*data*/) {
 
 // A type name the toolkit does not know is offered to the Java side, which
 // may register a type for it and answer that type's name.
+//
+// A failed lookup is reported as a toolkit debug error instead of the lookup's
+// own exception, which is cleared first: the debug error's handler may itself
+// call into Java, which must not happen with an exception pending.
 intptr_t unknownTypeCB(const SbName& name) {
+  SoType result = SoType::badType();
   JNIEnv* env = JNIEnvHelper::getEnv();
+  if (env == nullptr) return 0;  // no Java to ask: the bad type (key 0)
   jclass manager = env->FindClass("com/orvexa/internal/DynamicTypeManager");
+  jmethodID handle = nullptr;
   if (manager == nullptr) {
     env->ExceptionClear();
     SoDebugError::post("soTypeNativeFromNameCB",
                        "The class com/orvexa/internal/DynamicTypeManager cannot be found.");
-  }
-  SoType result = SoType::badType();
-  if (manager != nullptr) {
-    jmethodID handle =
-        env->GetStaticMethodID(manager, "handleUnknownType", "(Ljava/lang/String;)Ljava/lang/String;");
+  } else {
+    handle = env->GetStaticMethodID(manager, "handleUnknownType", "(Ljava/lang/String;)Ljava/lang/String;");
     if (handle == nullptr) {
       env->ExceptionClear();
       SoDebugError::post("soTypeNativeFromNameCB",
                          "The method handleUnknownType of class com/orvexa/internal/DynamicTypeManager cannot be "
                          "found.");
-    } else {
-      jstring unknown = StringHelper::fromNativeString(env, name);
-      auto answer = static_cast<jstring>(env->CallStaticObjectMethod(manager, handle, unknown));
-      if (!env->ExceptionCheck()) {  // an exception raised by Java stays pending; the type stays bad
-        StringHelper answerHelper(env, answer);
-        const char* typeName = answerHelper.toUTFString();
-        if (typeName != nullptr) result = SoType::fromName(SbName(typeName));
-      }
-      // Toolkit threads may resolve many names without returning to Java.
-      env->DeleteLocalRef(answer);
-      env->DeleteLocalRef(unknown);
     }
-    env->DeleteLocalRef(manager);
   }
+  if (handle != nullptr) {
+    jstring unknown = StringHelper::fromNativeString(env, name);
+    auto answer = static_cast<jstring>(env->CallStaticObjectMethod(manager, handle, unknown));
+    if (!env->ExceptionCheck()) {  // an exception raised by Java stays pending; the type stays bad
+      StringHelper answerHelper(env, answer);
+      const char* typeName = answerHelper.toUTFString();
+      if (typeName != nullptr) result = SoType::fromName(SbName(typeName));
+    }
+    // Toolkit threads may resolve many names without returning to Java.
+    env->DeleteLocalRef(answer);
+    env->DeleteLocalRef(unknown);
+  }
+  env->DeleteLocalRef(manager);
   // The toolkit expects the 16-bit key sign-extended to pointer size.
   return static_cast<intptr_t>(static_cast<int16_t>(result.getKey()));
 }

@@ -24,7 +24,6 @@ const SbWChar* StringHelper::toUnicodeString() {
   if (m_unicodeChars == nullptr) return nullptr;  // OutOfMemoryError pending
   const jsize length = m_env->GetStringLength(m_str);
   m_wideCopy = new SbWChar[static_cast<size_t>(length) + 1];
-  for (jsize i = 0; i < length; ++i) m_wideCopy[i] = 0;
   // Unit by unit, so surrogate pairs pass through untouched.
   for (jsize i = 0; i < length; ++i) m_wideCopy[i] = static_cast<SbWChar>(m_unicodeChars[i]);
   m_wideCopy[length] = 0;
@@ -32,7 +31,10 @@ const SbWChar* StringHelper::toUnicodeString() {
 }
 
 jstring StringHelper::fromNativeString(JNIEnv* env, const SbString& str) {
-  return env->NewString(reinterpret_cast<const jchar*>(str.toUtf16()), str.getLength());
+  // The UTF-16 form first: it is cached, so the length is then read from it
+  // instead of decoding the UTF-8 text a second time.
+  const SbWChar* units = str.toUtf16();
+  return env->NewString(reinterpret_cast<const jchar*>(units), str.getLength());
 }
 
 jstring StringHelper::fromNativeString(JNIEnv* env, const SbName& name) {

@@ -102,7 +102,7 @@ def _result_lines(m: Method, expr: str) -> List[str]:
     raise AssertionError(k)
 
 
-def _method(plan: ClassPlan, m: Method, module_class: str) -> List[str]:
+def _method(plan: ClassPlan, m: Method) -> List[str]:
     cls = plan.name
     r = m.result
     params = ["JNIEnv* env", "jclass"]
@@ -271,6 +271,6 @@ def emit(plan: ClassPlan, classes: Dict[str, CClass], module: str) -> str:
             lines += [f"JNIEXPORT jint JNICALL {sym}(JNIEnv*, jclass) {{",
                       f"  return static_cast<jint>({cls}::{cname});", "}", ""]
     for m in wrapped:
-        lines += _method(plan, m, qualified)
+        lines += _method(plan, m)
     lines += ['}  // extern "C"', ""]
     return "\n".join(lines)

@@ -325,10 +325,11 @@ def _convert(m: Method, plan: ClassPlan, ctx: TypeContext, rules: PackageRules) 
             m.args.append(ctx.int_buffer(names[i], names[count]))
         else:
             m.args.append(ctx.arg(names[i], p.type, mode))
+    array_results = rules.for_class(plan.name).array_results
     if f.is_ctor:
-        pass
-    elif f.name in rules.for_class(plan.name).array_results:
-        m.result = _array_result(m, ctx, rules.for_class(plan.name).array_results[f.name])
+        pass   # constructors return the new handle (or fill the receiver's array): no result conversion
+    elif f.name in array_results:
+        m.result = _array_result(m, ctx, array_results[f.name])
     else:
         m.result = ctx.result(f.result, plan.name, m.receiver)
         if m.operator and m.result.kind not in ("void", "self", "bool", "value", "prim", "handle_owned"):
@@ -362,10 +363,8 @@ def check_public_signatures(plan: ClassPlan) -> None:
     for m in plan.wrapped_methods():
         if m.group == "equals" and m.operator == "==":
             continue   # becomes equals(Object)
-        static = m.receiver == "none" and not m.is_ctor
         key = ("<init>" if m.is_ctor else m.group, tuple(a.public_type for a in m.args))
         if key in seen:
             raise PlanError(f"{plan.name}: {seen[key]} and {m.native_name} have the same Java signature {key}; "
                             f"move one to the Java side in the rules")
         seen[key] = m.native_name
-        del static

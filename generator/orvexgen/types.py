@@ -7,6 +7,7 @@ from dataclasses import dataclass, field
 from typing import Dict, List, Optional
 
 from .cmodel import CClass, CType
+from .cparse import ancestors
 
 # C++ primitive -> (Java type, JNI type)
 PRIM_JAVA = {
@@ -259,13 +260,13 @@ class TypeContext:
         jelem = PRIM_JAVA[elem.name][0]
         const = elem.const or base.const
         a = self._prim_array(pname, jelem, elem.name, const, mode)
+        pinned = f"{pname}ArrayHelper.toNativeArray({pname}, {mode if const else READ_WRITE})"
         if t.kind == "lref":
             # A reference to a whole (multi-dimensional) array: reinterpret the storage.
-            a.cpp_arg = (f"*reinterpret_cast<{elem.name}(*){'' if base.kind != 'array' else f'[{base.count}]'}{dims}>"
-                         f"({pname}ArrayHelper.toNativeArray({pname}, {mode if const else READ_WRITE}))")
+            outer = f"[{base.count}]" if base.kind == "array" else ""
+            a.cpp_arg = f"*reinterpret_cast<{elem.name}(*){outer}{dims}>({pinned})"
         elif dims:
-            a.cpp_arg = (f"reinterpret_cast<{elem.name}(*){dims}>"
-                         f"({pname}ArrayHelper.toNativeArray({pname}, {mode if const else READ_WRITE}))")
+            a.cpp_arg = f"reinterpret_cast<{elem.name}(*){dims}>({pinned})"
         return a
 
     # ---- results ----
@@ -275,7 +276,7 @@ class TypeContext:
         if t.kind == "void":
             return Result("void")
         if is_ref and not base.const and base.kind == "class" and receiver_kind != "none" and \
-                (base.name == owner or base.name in self._ancestors(owner)):
+                (base.name == owner or base.name in ancestors(self.classes, owner)):
             return Result("self")   # returns *this: the Java method returns `this`
         if base.kind == "bool" and (not is_ref):
             return Result("bool", "boolean", "jboolean", "boolean")
@@ -295,7 +296,7 @@ class TypeContext:
             return Result("sotype", "String", "jstring", "String")
         target = base.inner if t.kind == "ptr" else base
         if target is not None and target.kind == "class" and \
-                (target.name == "SbPList" or "SbPList" in self._ancestors(target.name)):
+                (target.name == "SbPList" or "SbPList" in ancestors(self.classes, target.name)):
             return Result("plist_ptr" if t.kind == "ptr" else "plist", "long[]", "jlongArray", "long[]",
                           cpp_class=target.name)
         if target is not None and target.kind == "class" and target.name in self.wrapped:
@@ -313,12 +314,3 @@ class TypeContext:
             if w.kind == "owned":
                 return Result("handle_owned", "long", "jlong", jt, handle_class=w, cpp_class=target.name)
         raise Unsupported(f"result {t.spelling}")
-
-    def _ancestors(self, name: str) -> List[str]:
-        out, todo = [], list(self.classes[name].bases) if name in self.classes else []
-        while todo:
-            b = todo.pop()
-            out.append(b)
-            if b in self.classes:
-                todo.extend(self.classes[b].bases)
-        return out

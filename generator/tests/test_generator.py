@@ -376,6 +376,23 @@ class ToolkitHeaders(unittest.TestCase):
         self.assertEqual(names["multiplyImpl"].cfunc.params[0].type.kind, "prim")       # *=(float)
         self.assertEqual(names["timesImpl1"].cfunc.params[1].type.kind, "prim")          # *(v, float)
 
+    def test_sbvec3f_access_modes(self):
+        cpp = emit_cpp.emit(self.plans["SbVec3f"], self.classes, "orvexjava")
+
+        def body(native):
+            m = re.search(r"JNICALL Java_com_orvexa_orvex_SbVec3f_" + native + r"\(.*?\n}\n", cpp, re.S)
+            self.assertIsNotNone(m, native)
+            return m.group(0)
+
+        receiver = "nativeObjectArrayHelper.toNativeArray(nativeObject, ArrayHelper::READ_WRITE)"
+        # The other operand of an equality test is released without copying back ...
+        for native, other in (("equalsImpl", "b"), ("equalsImpl1", "v")):
+            self.assertIn(receiver, body(native))
+            self.assertIn(f"{other}Helper.toNativeArray({other}, ArrayHelper::READ_ONLY)", body(native))
+        # ... while add's operand is copied back although it is only read.
+        self.assertIn(receiver, body("addImpl"))
+        self.assertIn("vHelper.toNativeArray(v, ArrayHelper::READ_WRITE)", body("addImpl"))
+
     def test_value_sizes(self):
         expected = {"SbVec3f": ("float", 3), "SbVec4ub": ("byte", 4), "SbBox4i32": ("int", 8),
                     "SbXfBox3f": ("float", 38), "SbXfBox3d": ("double", 38), "SbMatrix3": ("float", 9),

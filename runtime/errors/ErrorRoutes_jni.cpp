@@ -28,6 +28,7 @@ constexpr char kSoErrorStack[] = "com/orvexa/orvex/errors/SoErrorStack";
 template <const char* JavaClass>
 void invokeJava(const SoError* error, void*) {
   JNIEnv* env = JNIEnvHelper::getEnv();
+  if (env == nullptr) return;  // getEnv has said why on the console
   jclass cls = env->FindClass(JavaClass);
   jmethodID invoke = env->GetStaticMethodID(cls, "invoke", "(J)V");
   env->CallStaticVoidMethod(cls, invoke, reinterpret_cast<jlong>(error));
@@ -36,6 +37,7 @@ void invokeJava(const SoError* error, void*) {
 
 bool memoryCleanup(size_t size, void*) {
   JNIEnv* env = JNIEnvHelper::getEnv();
+  if (env == nullptr) return false;  // nothing was released
   jclass cls = env->FindClass(kSoMemoryError);
   jmethodID invoke = env->GetStaticMethodID(cls, "invokeMemoryCleanup", "(J)Z");
   const jboolean released = env->CallStaticBooleanMethod(cls, invoke, static_cast<jlong>(size));

@@ -134,15 +134,6 @@ class GeneratedValueTypesTest {
     }
 
     @Test
-    void equalityOperandIsLeftUnchanged() {
-      SbVec3f a = new SbVec3f(1, 2, 3);
-      SbVec3f b = new SbVec3f(1, 2, 3);
-      float[] before = b.array.clone();
-      assertTrue(a.equals(b));
-      assertArrayEquals(before, b.array);
-    }
-
-    @Test
     void integerAndByteVectors() {
       SbVec3s s = new SbVec3s((short) 1, (short) 2, (short) 3);
       s.multiply(2.5);  // rounded to nearest: 3, 5, 8

@@ -45,7 +45,9 @@ import java.util.function.Consumer;
  * that native code handing the same address back to Java gets this object.
  */
 public class Orvex {
-  private static final Consumer<String> DEFAULT_ERROR_LISTENER = System.err::println;
+  // A lambda, not System.err::println, which would bind the stream of class
+  // initialisation: the default must follow System.setErr.
+  private static final Consumer<String> DEFAULT_ERROR_LISTENER = message -> System.err.println(message);
   private static volatile Consumer<String> errorListener = DEFAULT_ERROR_LISTENER;
 
   static {

@@ -10,8 +10,8 @@ public final class RealTimeManager {
   /** Default period between two passes over the timer queue. */
   public static final long DEFAULT_PERIOD_MILLIS = 10;
 
-  private static Thread thread;
-  private static volatile boolean running;
+  /** The driving thread; it runs for as long as it is the one recorded here. */
+  private static volatile Thread thread;
 
   static {
     Orvex.init();
@@ -28,7 +28,6 @@ public final class RealTimeManager {
   public static synchronized void start(long periodMillis) {
     if (periodMillis <= 0) throw new IllegalArgumentException("period must be positive: " + periodMillis);
     if (thread != null) return;
-    running = true;
     final long periodNanos = periodMillis * 1_000_000L;
     Thread t = new Thread(() -> run(periodNanos), "Orvex-RealTimeManager");
     t.setDaemon(true);
@@ -42,7 +41,6 @@ public final class RealTimeManager {
     synchronized (RealTimeManager.class) {
       t = thread;
       if (t == null) return;
-      running = false;
       thread = null;
     }
     t.interrupt();
@@ -55,7 +53,7 @@ public final class RealTimeManager {
     }
   }
 
-  public static synchronized boolean isRunning() {
+  public static boolean isRunning() {
     return thread != null;
   }
 
@@ -65,8 +63,11 @@ public final class RealTimeManager {
   }
 
   private static void run(long periodNanos) {
+    // A stopped thread leaves the loop at its next turn even when a sensor
+    // swallowed the interrupt, so it cannot keep running beside a new one.
+    Thread self = Thread.currentThread();
     long next = System.nanoTime();
-    while (running) {
+    while (thread == self) {
       try {
         processTimerQueueNative();
       } catch (RuntimeException | Error e) {

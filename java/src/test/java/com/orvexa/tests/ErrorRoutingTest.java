@@ -47,10 +47,9 @@ class ErrorRoutingTest {
 
   @Test
   void debugErrorOnANativeThreadKeepsTheToolkitsOwnReporting() {
-    try (StderrCapture err = new StderrCapture()) {
-      RuntimeProbe.postDebugErrorOnNativeThread("probe debug report 42");
-      RuntimeProbe.postDebugError("probe debug report 43");
-    }
+    assertTrue(RuntimeProbe.debugAndPlainErrorsUseTheToolkitHandler(), "start-up left them to the toolkit");
+    RuntimeProbe.postDebugErrorOnNativeThread("probe debug report 42");
+    RuntimeProbe.postDebugError("probe debug report 43");
     assertEquals(List.of(), messages);
   }
 
@@ -59,14 +58,21 @@ class ErrorRoutingTest {
     RuntimeProbe.postGLError("probe gl failure");
     RuntimeProbe.postMemoryError("probe buffer");
     RuntimeProbe.postReadError("probe read failure");
-    try (StderrCapture err = new StderrCapture()) {
-      RuntimeProbe.postPlainError("probe plain error");
-    }
+    RuntimeProbe.postPlainError("probe plain error");
     assertEquals(3, messages.size(), messages.toString());
     assertTrue(messages.get(0).contains("probe gl failure"), messages.get(0));
     assertTrue(messages.get(1).contains("probe buffer"), messages.get(1));
     assertTrue(messages.get(2).contains("probe read failure"), messages.get(2));
     assertEquals(List.of(Thread.currentThread().getName()), threads.subList(0, 1));
+  }
+
+  @Test
+  void theDefaultListenerPrintsOnTheCurrentStandardError() {
+    Orvex.setErrorListener(null);
+    try (StderrCapture err = new StderrCapture()) {
+      RuntimeProbe.postReadError("probe read failure 45");
+      assertTrue(err.text().contains("probe read failure 45"), err.text());
+    }
   }
 
   @Test

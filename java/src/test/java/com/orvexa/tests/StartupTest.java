@@ -4,6 +4,7 @@ import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertNotNull;
 import static org.junit.jupiter.api.Assertions.assertNull;
+import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
 import com.orvexa.internal.DynamicTypeManager;
@@ -53,6 +54,23 @@ class StartupTest {
       DynamicTypeManager.removeUnknownTypeHandler(handler);
     }
     assertNull(RuntimeProbe.typeNameFromName("ProbeAliasOfTime"), "no handler any more");
+  }
+
+  @Test
+  void anExceptionOfAJavaHandlerReachesTheCallerAndTheTypeStaysUnknown() {
+    DynamicTypeManager.UnknownTypeHandler handler = name -> {
+      if (name.equals("ProbeNameThatFails")) throw new IllegalStateException("handler failed on " + name);
+      return null;
+    };
+    DynamicTypeManager.addUnknownTypeHandler(handler);
+    try {
+      IllegalStateException e = assertThrows(IllegalStateException.class,
+          () -> RuntimeProbe.typeNameFromName("ProbeNameThatFails"));
+      assertEquals("handler failed on ProbeNameThatFails", e.getMessage());
+      assertNull(RuntimeProbe.typeNameFromName("ProbeNameNobodyKnows"), "the next name is resolved as usual");
+    } finally {
+      DynamicTypeManager.removeUnknownTypeHandler(handler);
+    }
   }
 
   public static final class WithInitialize {

@@ -69,6 +69,7 @@ public final class RuntimeProbe {
   public static native void postMemoryError(String text);
   public static native void postPlainError(String text);
   public static native void postDebugError(String text);
+  public static native boolean debugAndPlainErrorsUseTheToolkitHandler();
 
   // start-up
   public static native String typeNameFromName(String name);
