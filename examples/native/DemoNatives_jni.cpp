@@ -1,23 +1,51 @@
-// Natives of com.orvexa.examples.DemoNatives.
+// Natives of com.orvexa.examples.DemoNatives: a small sibling library of the
+// binding that loads scenes on a loader thread of its own, as applications
+// that stream scene files in the background do.
 
 #include <jni.h>
 
 #include <string>
 #include <thread>
 
-#include <Orvex/errors/SoReadError.h>
+#include <Orvex/SoDB.h>
+#include <Orvex/SoInput.h>
+#include <Orvex/SoPath.h>
+#include <Orvex/actions/SoSearchAction.h>
+#include <Orvex/nodes/SoSeparator.h>
+#include <Orvex/nodes/SoShape.h>
 
 #include "StringHelper.h"
 
-// Reports a scene-file read error the way a toolkit loader thread would: from
-// a thread that Java never saw. The binding's error handler attaches that
-// thread and hands the text to Orvex.printErrorMessage.
-extern "C" JNIEXPORT void JNICALL Java_com_orvexa_examples_DemoNatives_postReadErrorFromNativeThread(
-    JNIEnv* env, jclass, jstring fileName, jint line, jstring message) {
-  StringHelper fileHelper(env, fileName);
-  StringHelper messageHelper(env, message);
-  const std::string file = fileHelper.toUTFString();
-  const std::string text = messageHelper.toUTFString();
-  std::thread loader([&] { SoReadError::postAt(file.c_str(), line, "%s", text.c_str()); });
+namespace {
+// Reads a scene from text and describes it, or answers an empty string when
+// the read fails. Read errors are posted by the toolkit's reader on the
+// calling thread.
+std::string loadAndDescribe(const std::string& text) {
+  SoInput in;
+  in.setBuffer(const_cast<char*>(text.data()), text.size());
+  SoSeparator* root = SoDB::readAll(&in);
+  if (root == nullptr) return {};
+  root->ref();
+  SoSearchAction search;
+  search.setType(SoShape::getClassTypeId());
+  search.setInterest(SoSearchAction::ALL);
+  search.apply(root);
+  std::string description = std::to_string(root->getNumChildren()) + " top-level nodes, " +
+                            std::to_string(search.getPaths().getLength()) + " shapes";
+  root->unref();
+  return description;
+}
+}  // namespace
+
+// Loads the scene on a thread that Java never saw. Errors found by the reader
+// there reach Java through the binding's error route, which attaches the
+// thread on the way.
+extern "C" JNIEXPORT jstring JNICALL Java_com_orvexa_examples_DemoNatives_loadSceneOnNativeThread(JNIEnv* env, jclass,
+                                                                                                   jstring sceneText) {
+  StringHelper textHelper(env, sceneText);
+  const std::string text = textHelper.toUTFString() ? textHelper.toUTFString() : "";
+  std::string description;
+  std::thread loader([&] { description = loadAndDescribe(text); });
   loader.join();
+  return description.empty() ? nullptr : StringHelper::fromNativeString(env, description);
 }

@@ -11,6 +11,10 @@ final class DemoNatives {
 
   private DemoNatives() {}
 
-  /** Posts a toolkit read error from a fresh native thread and waits for that thread. */
-  static native void postReadErrorFromNativeThread(String fileName, int line, String message);
+  /**
+   * Reads a scene from its text on a fresh native thread and waits for it.
+   *
+   * @return a short description of the scene, or null when the read failed
+   */
+  static native String loadSceneOnNativeThread(String sceneText);
 }
