@@ -2,6 +2,7 @@
 
 #include <Orvex/SoPath.h>
 #include <Orvex/actions/SoAction.h>
+#include <Orvex/details/SoDetail.h>
 #include <Orvex/elements/SoElement.h>
 #include <Orvex/engines/SoEngine.h>
 #include <Orvex/fields/SoFieldContainer.h>
@@ -17,8 +18,10 @@ void initSceneGraph() {
   SoNode::initClass();
   SoPath::initClass();
   SoElement::initElements();
+  SoDetail::initClasses();
   SoAction::initClasses();
   SoNode::initClasses();
+  SoEngine::initClasses();
 }
 
 }  // namespace orvex

@@ -183,7 +183,11 @@ const SbTime& SoDB::getRealTimeInterval() {
   return value;
 }
 
-void SoDB::setDelaySensorTimeout(const SbTime& t) { db().delaySensorTimeout = t; }
+void SoDB::setDelaySensorTimeout(const SbTime& t) {
+  db().delaySensorTimeout = t;
+  // The manager moves an armed timeout to the new deadline.
+  if (SoSensorManager* manager = getSensorManager()) manager->setDelaySensorTimeout(t);
+}
 
 const SbTime& SoDB::getDelaySensorTimeout() {
   // A per-thread copy, as for the real-time interval.

@@ -4,6 +4,13 @@
 #include <Orvex/elements/SoElement.h>
 #include <Orvex/misc/SoState.h>
 
+class SoNode;
+
+namespace orvex {
+// Adds an element class's initClass() to the registry; answers true.
+bool registerElementClass(void (*initClass)());
+}  // namespace orvex
+
 #define SO_ELEMENT_ABSTRACT_HEADER(className)       \
  public:                                            \
   static SoType getClassTypeId();                   \
@@ -29,17 +36,29 @@
   SoType className::getClassTypeId() { return s_classTypeId; }          \
   int className::getClassStackIndex() { return s_classStackIndex; }
 
+// Declaring a class with one of the two SOURCE macros also registers its
+// initClass() with the element registry, so SoElement::initElements() (run
+// by SoDB::init) sets it up; a class registered later is set up at once.
+#define SO__ELEMENT_REGISTER(className)                                  \
+  namespace {                                                           \
+  const bool orvexRegistered##className = orvex::registerElementClass(&className::initClass); \
+  }
+
 #define SO_ELEMENT_SOURCE(className)                                     \
   SO__ELEMENT_VARS(className)                                           \
+  SO__ELEMENT_REGISTER(className)                                       \
   void* className::createInstance() { return static_cast<SoElement*>(new className); }
 
-#define SO_ELEMENT_ABSTRACT_SOURCE(className) SO__ELEMENT_VARS(className)
+#define SO_ELEMENT_ABSTRACT_SOURCE(className) \
+  SO__ELEMENT_VARS(className)                 \
+  SO__ELEMENT_REGISTER(className)
 
 // Registers the class under its full name; a class whose parent has no
 // stack starts one, any other shares its parent's.
 #define SO_ELEMENT_INIT_CLASS(className, parentClass)                             \
   do {                                                                           \
     if (!s_classTypeId.isBad()) break;                                           \
+    parentClass::initClass();                                                    \
     s_classTypeId = SoType::createType(parentClass::getClassTypeId(), #className, \
                                        &className::createInstance);               \
     s_classStackIndex = parentClass::getClassStackIndex() < 0                    \
@@ -50,6 +69,7 @@
 #define SO_ELEMENT_INIT_ABSTRACT_CLASS(className, parentClass)                       \
   do {                                                                              \
     if (!s_classTypeId.isBad()) break;                                              \
+    parentClass::initClass();                                                       \
     s_classTypeId = SoType::createType(parentClass::getClassTypeId(), #className);  \
     s_classStackIndex = parentClass::getClassStackIndex();                          \
   } while (0)

@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+class SoEngineOutput;
 class SoField;
 class SoFieldContainer;
 class SoFieldList;
@@ -17,6 +18,13 @@ class SoOutput;
 class SoFieldAuditor {
  public:
   virtual void fieldChanged(SoField* field) = 0;
+  // The same with what changed: the operation (FIELD_MULTIVALUE for some
+  // values of a multiple-value field, then the first index and how many
+  // changed; -1 otherwise). This is what the field calls; by default it
+  // forwards to the call without them.
+  virtual void fieldChanged(SoField* field, SoNotRec::OperationType operation, int index, int numChanged) {
+    fieldChanged(field);
+  }
   virtual void fieldDestroyed(SoField* field) {}
 
  protected:
@@ -103,6 +111,20 @@ class SoField : public SoTypedObject {
   // Connects this field from the master of `from` (used when copying).
   void copyConnection(const SoField* from);
 
+  // Connections from engine outputs. The field holds a reference to the
+  // engine. When the engine's inputs change the field is only marked out of
+  // date (and notifies); reading it lets the engine write its value first.
+  bool connectFrom(SoEngineOutput* engineOutput, bool notify = true, bool append = false);
+  bool isConnectedFromEngine() const;
+  bool getConnectedEngine(SoEngineOutput*& engineOutput) const;
+  // Brings a field connected from an engine up to date; every getter calls it.
+  void evaluate() const {
+    if (m_needsEvaluation) evaluateConnection();
+  }
+  // Told by the engine output the field is connected from.
+  void engineOutputChanged(SoNotList* list);
+  void engineOutputDestroyed(SoEngineOutput* engineOutput);
+
   // Reading and writing. read() parses the value that follows the field's
   // name in a file; write() writes the name and the value.
   bool read(SoInput* in, const SbName& name);
@@ -135,10 +157,13 @@ class SoField : public SoTypedObject {
   struct Extra;
   struct Connection;
   friend struct Connection;
+  friend class SoEngineOutput;  // takes fields it did not write as current
   Extra& extra();
   void startNotify(SoNotRec::OperationType op, int index, int numChanged);
   void notifyChange(SoNotList* list, SoNotRec::OperationType op, int index, int numChanged);
   void takeValueFrom(SoField* master);
+  void evaluateConnection() const;
+  void disconnectEngine();
 
   SoFieldContainer* m_container = nullptr;
   std::unique_ptr<Extra> m_extra;  // auditors and connections; most fields have none
@@ -146,5 +171,6 @@ class SoField : public SoTypedObject {
   bool m_isDefault = true;
   bool m_ignored = false;
   bool m_inNotify = false;
+  mutable bool m_needsEvaluation = false;  // connected from an engine whose inputs changed
   unsigned char m_fieldType = NORMAL_FIELD;
 };

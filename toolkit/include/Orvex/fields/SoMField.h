@@ -9,7 +9,10 @@ class SoMField : public SoField {
   static SoType getClassTypeId();
   static void initClass();
 
-  int getNum() const { return num; }
+  int getNum() const {
+    evaluate();
+    return num;
+  }
   // Grows (with default values) or shrinks the array.
   void setNum(int num);
   // Removes `num` values from `start` (-1: to the end).

@@ -27,7 +27,10 @@
  public:                                                   \
   className();                                             \
   ~className() override;                                   \
-  valueRef getValue() const { return value; }              \
+  valueRef getValue() const {                              \
+    evaluate();                                            \
+    return value;                                          \
+  }                                                        \
   void setValue(valueRef newValue);                        \
   className& operator=(valueRef newValue) {                \
     setValue(newValue);                                    \
@@ -49,9 +52,15 @@
  public:                                                                   \
   className();                                                             \
   ~className() override;                                                   \
-  valueRef operator[](int i) const { return values[i]; }                   \
+  valueRef operator[](int i) const {                                       \
+    evaluate();                                                            \
+    return values[i];                                                      \
+  }                                                                        \
   /* The values from `start` on; valid until the field changes. */         \
-  valueType const* getValues(int start) const { return values + start; }   \
+  valueType const* getValues(int start) const {                            \
+    evaluate();                                                            \
+    return values + start;                                                 \
+  }                                                                        \
   /* Index of the first value equal to `targetValue`; -1, or the index */  \
   /* it was appended at when addIfNotFound. */                             \
   int find(valueRef targetValue, bool addIfNotFound = false);              \

@@ -25,6 +25,9 @@ class SoState {
   SoElement* getElement(int stackIndex);
   // The top element of a stack, for reading.
   const SoElement* getConstElement(int stackIndex) const;
+  // The top element of a stack, to be changed in place without a push (for
+  // elements that keep bookkeeping valid at every depth, like open caches).
+  SoElement* getElementNoPush(int stackIndex) const;
   bool isElementEnabled(int stackIndex) const;
 
   void push();

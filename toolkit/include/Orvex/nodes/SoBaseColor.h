@@ -10,6 +10,7 @@ class SoBaseColor : public SoNode {
   SoMFColor rgb;
 
   SoBaseColor();
+  void doAction(SoAction* action) override;
 
  protected:
   ~SoBaseColor() override;

@@ -15,6 +15,7 @@ class SoComplexity : public SoNode {
   SoSFFloat textureQuality;
 
   SoComplexity();
+  void doAction(SoAction* action) override;
 
  protected:
   ~SoComplexity() override;

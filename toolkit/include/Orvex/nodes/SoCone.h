@@ -16,10 +16,14 @@ class SoCone : public SoShape {
   SoSFFloat height;
 
   SoCone();
+  void computeBBox(SoAction* action, SbBox3f& box, SbVec3f& center) override;
+  // Picks the exact cone, not its tessellation.
+  void rayPick(SoRayPickAction* action) override;
   void addPart(PartType part);
   void removePart(PartType part);
   bool hasPart(PartType part) const;
 
  protected:
   ~SoCone() override;
+  void generatePrimitives(SoAction* action) override;
 };

@@ -10,6 +10,7 @@ class SoCoordinate3 : public SoNode {
   SoMFVec3f point;
 
   SoCoordinate3();
+  void doAction(SoAction* action) override;
 
  protected:
   ~SoCoordinate3() override;

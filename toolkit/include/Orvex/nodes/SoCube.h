@@ -13,7 +13,12 @@ class SoCube : public SoShape {
   SoSFFloat depth;
 
   SoCube();
+  void computeBBox(SoAction* action, SbBox3f& box, SbVec3f& center) override;
 
  protected:
   ~SoCube() override;
+  void generatePrimitives(SoAction* action) override;
+  // The detail of each face names it (0 front, 1 back, 2 left, 3 right, 4 top, 5 bottom).
+  SoDetail* createTriangleDetail(SoRayPickAction* action, const SoPrimitiveVertex* v1, const SoPrimitiveVertex* v2,
+                                 const SoPrimitiveVertex* v3, SoPickedPoint* pp) override;
 };

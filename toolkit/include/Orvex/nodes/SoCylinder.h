@@ -16,10 +16,14 @@ class SoCylinder : public SoShape {
   SoSFFloat height;
 
   SoCylinder();
+  void computeBBox(SoAction* action, SbBox3f& box, SbVec3f& center) override;
+  // Picks the exact cylinder, not its tessellation.
+  void rayPick(SoRayPickAction* action) override;
   void addPart(PartType part);
   void removePart(PartType part);
   bool hasPart(PartType part) const;
 
  protected:
   ~SoCylinder() override;
+  void generatePrimitives(SoAction* action) override;
 };

@@ -18,6 +18,7 @@ class SoDepthBuffer : public SoNode {
   SoSFVec2f range;
 
   SoDepthBuffer();
+  void doAction(SoAction* action) override;
 
  protected:
   ~SoDepthBuffer() override;

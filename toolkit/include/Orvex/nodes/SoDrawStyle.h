@@ -18,6 +18,7 @@ class SoDrawStyle : public SoNode {
   SoSFUShort linePattern;
 
   SoDrawStyle();
+  void doAction(SoAction* action) override;
 
  protected:
   ~SoDrawStyle() override;

@@ -11,7 +11,9 @@ class SoFaceSet : public SoNonIndexedShape {
   SoMFInt32 numVertices;
 
   SoFaceSet();
+  void computeBBox(SoAction* action, SbBox3f& box, SbVec3f& center) override;
 
  protected:
   ~SoFaceSet() override;
+  void generatePrimitives(SoAction* action) override;
 };

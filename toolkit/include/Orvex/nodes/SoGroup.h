@@ -9,6 +9,10 @@ class SoGroup : public SoNode {
 
  public:
   SoGroup();
+  // The center of a group is the average of its children's centers.
+  void getBoundingBox(SoGetBoundingBoxAction* action) override;
+  // Only along a path: nodes under the tail do not count.
+  void getMatrix(SoGetMatrixAction* action) override;
   // Room for nChildren children.
   explicit SoGroup(int nChildren);
 

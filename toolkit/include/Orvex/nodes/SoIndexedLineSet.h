@@ -8,7 +8,9 @@ class SoIndexedLineSet : public SoIndexedShape {
 
  public:
   SoIndexedLineSet();
+  void computeBBox(SoAction* action, SbBox3f& box, SbVec3f& center) override;
 
  protected:
   ~SoIndexedLineSet() override;
+  void generatePrimitives(SoAction* action) override;
 };

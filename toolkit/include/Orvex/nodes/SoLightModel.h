@@ -12,6 +12,7 @@ class SoLightModel : public SoNode {
   SoSFEnum model;
 
   SoLightModel();
+  void doAction(SoAction* action) override;
 
  protected:
   ~SoLightModel() override;

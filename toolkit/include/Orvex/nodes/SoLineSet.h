@@ -11,7 +11,9 @@ class SoLineSet : public SoNonIndexedShape {
   SoMFInt32 numVertices;
 
   SoLineSet();
+  void computeBBox(SoAction* action, SbBox3f& box, SbVec3f& center) override;
 
  protected:
   ~SoLineSet() override;
+  void generatePrimitives(SoAction* action) override;
 };

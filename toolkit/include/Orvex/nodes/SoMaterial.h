@@ -17,6 +17,7 @@ class SoMaterial : public SoNode {
   SoMFFloat transparency;
 
   SoMaterial();
+  void doAction(SoAction* action) override;
 
  protected:
   ~SoMaterial() override;

@@ -12,6 +12,7 @@ class SoMaterialBinding : public SoNode {
   SoSFEnum value;
 
   SoMaterialBinding();
+  void doAction(SoAction* action) override;
 
  protected:
   ~SoMaterialBinding() override;

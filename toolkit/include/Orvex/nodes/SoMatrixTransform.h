@@ -11,6 +11,8 @@ class SoMatrixTransform : public SoTransformation {
   SoSFMatrix matrix;
 
   SoMatrixTransform();
+  void doAction(SoAction* action) override;
+  void getMatrix(SoGetMatrixAction* action) override;
 
  protected:
   ~SoMatrixTransform() override;

@@ -2,7 +2,14 @@
 #include <Orvex/fields/SoFieldContainer.h>
 
 class SoAction;
+class SoCallbackAction;
 class SoChildList;
+class SoGetBoundingBoxAction;
+class SoGetMatrixAction;
+class SoGetPrimitiveCountAction;
+class SoHandleEventAction;
+class SoPickAction;
+class SoRayPickAction;
 class SoFieldData;
 class SoNodeList;
 class SoSearchAction;
@@ -62,6 +69,27 @@ class SoNode : public SoFieldContainer {
   static void doActionS(SoAction* action, SoNode* node);
   static void searchS(SoAction* action, SoNode* node);
   static void writeS(SoAction* action, SoNode* node);
+
+  // The traversal actions. Each defaults to doAction, except rayPick (pick)
+  // and getMatrix (doAction too, which groups use to follow the path).
+  virtual void callback(SoCallbackAction* action);
+  virtual void getBoundingBox(SoGetBoundingBoxAction* action);
+  virtual void getMatrix(SoGetMatrixAction* action);
+  virtual void handleEvent(SoHandleEventAction* action);
+  virtual void pick(SoPickAction* action);
+  virtual void rayPick(SoRayPickAction* action);
+  virtual void getPrimitiveCount(SoGetPrimitiveCountAction* action);
+  static void callbackS(SoAction* action, SoNode* node);
+  static void getBoundingBoxS(SoAction* action, SoNode* node);
+  static void getMatrixS(SoAction* action, SoNode* node);
+  static void handleEventS(SoAction* action, SoNode* node);
+  static void pickS(SoAction* action, SoNode* node);
+  static void rayPickS(SoAction* action, SoNode* node);
+  static void getPrimitiveCountS(SoAction* action, SoNode* node);
+  // Called when the node starts and stops grabbing the events of a
+  // handle-event action.
+  virtual void grabEventsSetup();
+  virtual void grabEventsCleanup();
 
   // The children of a group; nullptr for other nodes.
   virtual SoChildList* getChildren() const;

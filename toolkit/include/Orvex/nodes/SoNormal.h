@@ -10,6 +10,7 @@ class SoNormal : public SoNode {
   SoMFVec3f vector;
 
   SoNormal();
+  void doAction(SoAction* action) override;
 
  protected:
   ~SoNormal() override;

@@ -12,6 +12,7 @@ class SoNormalBinding : public SoNode {
   SoSFEnum value;
 
   SoNormalBinding();
+  void doAction(SoAction* action) override;
 
  protected:
   ~SoNormalBinding() override;

@@ -11,7 +11,9 @@ class SoOrthographicCamera : public SoCamera {
   SoSFFloat height;
 
   SoOrthographicCamera();
+  SbViewVolume getViewVolume(float useAspectRatio = 0.0f) const override;
 
  protected:
   ~SoOrthographicCamera() override;
+  void viewBoundingBox(const SbBox3f& box, float aspect, float slack) override;
 };

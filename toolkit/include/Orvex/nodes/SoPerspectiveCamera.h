@@ -12,7 +12,9 @@ class SoPerspectiveCamera : public SoCamera {
   SoSFFloat heightAngle;
 
   SoPerspectiveCamera();
+  SbViewVolume getViewVolume(float useAspectRatio = 0.0f) const override;
 
  protected:
   ~SoPerspectiveCamera() override;
+  void viewBoundingBox(const SbBox3f& box, float aspect, float slack) override;
 };

@@ -13,6 +13,7 @@ class SoPickStyle : public SoNode {
   SoSFEnum style;
 
   SoPickStyle();
+  void doAction(SoAction* action) override;
 
  protected:
   ~SoPickStyle() override;

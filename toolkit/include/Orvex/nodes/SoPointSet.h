@@ -11,7 +11,9 @@ class SoPointSet : public SoNonIndexedShape {
   SoSFInt32 numPoints;
 
   SoPointSet();
+  void computeBBox(SoAction* action, SbBox3f& box, SbVec3f& center) override;
 
  protected:
   ~SoPointSet() override;
+  void generatePrimitives(SoAction* action) override;
 };

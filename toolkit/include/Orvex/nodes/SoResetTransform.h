@@ -14,6 +14,10 @@ class SoResetTransform : public SoTransformation {
   SoSFBitMask whatToReset;
 
   SoResetTransform();
+  void doAction(SoAction* action) override;
+  void getMatrix(SoGetMatrixAction* action) override;
+  // With BBOX, empties the box computed so far.
+  void getBoundingBox(SoGetBoundingBoxAction* action) override;
 
  protected:
   ~SoResetTransform() override;

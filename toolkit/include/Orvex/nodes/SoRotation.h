@@ -11,6 +11,8 @@ class SoRotation : public SoTransformation {
   SoSFRotation rotation;
 
   SoRotation();
+  void doAction(SoAction* action) override;
+  void getMatrix(SoGetMatrixAction* action) override;
 
  protected:
   ~SoRotation() override;

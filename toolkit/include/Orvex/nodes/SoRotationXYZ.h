@@ -16,6 +16,8 @@ class SoRotationXYZ : public SoTransformation {
   SoSFFloat angle;
 
   SoRotationXYZ();
+  void doAction(SoAction* action) override;
+  void getMatrix(SoGetMatrixAction* action) override;
   // The rotation the fields describe.
   SbRotation getRotation() const;
 

@@ -11,6 +11,8 @@ class SoScale : public SoTransformation {
   SoSFVec3f scaleFactor;
 
   SoScale();
+  void doAction(SoAction* action) override;
+  void getMatrix(SoGetMatrixAction* action) override;
 
  protected:
   ~SoScale() override;

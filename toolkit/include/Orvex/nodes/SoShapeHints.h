@@ -19,6 +19,7 @@ class SoShapeHints : public SoNode {
   SoSFFloat creaseAngle;
 
   SoShapeHints();
+  void doAction(SoAction* action) override;
 
  protected:
   ~SoShapeHints() override;

@@ -11,7 +11,11 @@ class SoSphere : public SoShape {
   SoSFFloat radius;
 
   SoSphere();
+  void computeBBox(SoAction* action, SbBox3f& box, SbVec3f& center) override;
+  // Picks the exact sphere, not its tessellation.
+  void rayPick(SoRayPickAction* action) override;
 
  protected:
   ~SoSphere() override;
+  void generatePrimitives(SoAction* action) override;
 };

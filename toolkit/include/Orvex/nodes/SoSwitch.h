@@ -21,6 +21,9 @@ class SoSwitch : public SoGroup {
 
   bool affectsState() const override;
   void doAction(SoAction* action) override;
+  // Only the chosen children count.
+  void getBoundingBox(SoGetBoundingBoxAction* action) override;
+  void getMatrix(SoGetMatrixAction* action) override;
   void search(SoSearchAction* action) override;
   void write(SoWriteAction* action) override;
 

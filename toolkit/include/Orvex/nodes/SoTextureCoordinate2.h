@@ -10,6 +10,7 @@ class SoTextureCoordinate2 : public SoNode {
   SoMFVec2f point;
 
   SoTextureCoordinate2();
+  void doAction(SoAction* action) override;
 
  protected:
   ~SoTextureCoordinate2() override;

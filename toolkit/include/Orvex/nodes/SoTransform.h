@@ -20,6 +20,8 @@ class SoTransform : public SoTransformation {
   SoSFVec3f center;
 
   SoTransform();
+  void doAction(SoAction* action) override;
+  void getMatrix(SoGetMatrixAction* action) override;
   // Sets the fields so that the transformation equals the matrix (which
   // must be affine), keeping the current center.
   void setMatrix(const SbMatrix& matrix);

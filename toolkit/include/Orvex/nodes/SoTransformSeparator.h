@@ -8,6 +8,10 @@ class SoTransformSeparator : public SoGroup {
 
  public:
   SoTransformSeparator();
+  // Restores the transformation (and the local box matrix) after the children.
+  void getBoundingBox(SoGetBoundingBoxAction* action) override;
+  // Off the path its transformations do not reach the tail.
+  void getMatrix(SoGetMatrixAction* action) override;
   explicit SoTransformSeparator(int nChildren);
 
   void doAction(SoAction* action) override;

@@ -11,6 +11,8 @@ class SoTranslation : public SoTransformation {
   SoSFVec3f translation;
 
   SoTranslation();
+  void doAction(SoAction* action) override;
+  void getMatrix(SoGetMatrixAction* action) override;
 
  protected:
   ~SoTranslation() override;

@@ -11,7 +11,9 @@ class SoTriangleStripSet : public SoNonIndexedShape {
   SoMFInt32 numVertices;
 
   SoTriangleStripSet();
+  void computeBBox(SoAction* action, SbBox3f& box, SbVec3f& center) override;
 
  protected:
   ~SoTriangleStripSet() override;
+  void generatePrimitives(SoAction* action) override;
 };

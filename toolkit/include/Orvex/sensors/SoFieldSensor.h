@@ -23,6 +23,8 @@ class SoFieldSensor : public SoDataSensor, private SoFieldAuditor {
 
  private:
   void fieldChanged(SoField* field) override;
+  // Records a multiple-value change's first index and count.
+  void fieldChanged(SoField* field, SoNotRec::OperationType operation, int index, int numChanged) override;
   void fieldDestroyed(SoField* field) override;
 
   mutable std::mutex m_attachMutex;  // guards m_field

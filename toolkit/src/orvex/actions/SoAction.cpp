@@ -2,6 +2,13 @@
 
 #include <Orvex/SoPath.h>
 #include <Orvex/SoPathList.h>
+#include <Orvex/actions/SoCallbackAction.h>
+#include <Orvex/actions/SoGetBoundingBoxAction.h>
+#include <Orvex/actions/SoGetMatrixAction.h>
+#include <Orvex/actions/SoGetPrimitiveCountAction.h>
+#include <Orvex/actions/SoHandleEventAction.h>
+#include <Orvex/actions/SoPickAction.h>
+#include <Orvex/actions/SoRayPickAction.h>
 #include <Orvex/actions/SoSearchAction.h>
 #include <Orvex/actions/SoWriteAction.h>
 #include <Orvex/misc/SoChildList.h>
@@ -36,6 +43,13 @@ void SoAction::initClasses() {
   initClass();
   SoSearchAction::initClass();
   SoWriteAction::initClass();
+  SoCallbackAction::initClass();
+  SoGetBoundingBoxAction::initClass();
+  SoGetMatrixAction::initClass();
+  SoGetPrimitiveCountAction::initClass();
+  SoHandleEventAction::initClass();
+  SoPickAction::initClass();
+  SoRayPickAction::initClass();
 }
 
 SoEnabledElementsList* SoAction::getClassEnabledElements() { return s_actionElements; }

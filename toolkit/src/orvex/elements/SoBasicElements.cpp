@@ -94,12 +94,3 @@ void SoSwitchElement::initClass() { SO_ELEMENT_INIT_CLASS(SoSwitchElement, SoInt
 void SoSwitchElement::set(SoState* state, int32_t index) { SoInt32Element::set(s_classStackIndex, state, index); }
 int32_t SoSwitchElement::get(SoState* state) { return SoInt32Element::get(s_classStackIndex, state); }
 void SoSwitchElement::init(SoState*) { data = getDefault(); }
-
-// ---- registration -----------------------------------------------------------------
-
-void SoElement::initElements() {
-  initClass();
-  SoInt32Element::initClass();
-  SoFloatElement::initClass();
-  SoSwitchElement::initClass();
-}

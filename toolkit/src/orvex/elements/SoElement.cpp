@@ -1,5 +1,6 @@
 #include <Orvex/elements/SoElement.h>
 
+#include <Orvex/elements/SoCacheElement.h>
 #include <Orvex/misc/SoState.h>
 
 #include <mutex>
@@ -60,6 +61,6 @@ void SoElement::capture(SoState* state) const {
   if (state->isCacheOpen()) captureThis(state);
 }
 
-// Caches that depend on elements come with the caching nodes; an element
-// read while no cache records dependencies has nothing to tell.
-void SoElement::captureThis(SoState*) const {}
+// An element read while caches are open becomes a dependency of those it
+// was set outside of.
+void SoElement::captureThis(SoState* state) const { SoCacheElement::addElement(state, this); }

@@ -140,10 +140,12 @@ bool readBinary(SoInput* in, T* values, int num, bool& done) {
     valueChanged();                                                                    \
   }                                                                                    \
   className& className::operator=(const className& f) {                                \
-    if (this != &f) setValue(f.value);                                                 \
+    if (this != &f) setValue(f.getValue());                                            \
     return *this;                                                                      \
   }                                                                                    \
-  bool className::operator==(const className& f) const { return orvex::fio::equal(value, f.value); }
+  bool className::operator==(const className& f) const {                               \
+    return orvex::fio::equal(getValue(), f.getValue());                                \
+  }
 
 // Reading and writing through the value I/O overloads.
 #define SO_SFIELD_IO_SOURCE(className, valueType)                                      \
@@ -222,6 +224,7 @@ bool readBinary(SoInput* in, T* values, int num, bool& done) {
   }                                                                                    \
   className& className::operator=(const className& f) {                                \
     if (this != &f) {                                                                  \
+      f.evaluate();                                                                    \
       allocValues(f.num);                                                              \
       for (int i = 0; i < f.num; ++i) {                                                \
         orvex::fio::RefTraits<valueType>::attach(this, f.values[i]);                   \
@@ -233,6 +236,8 @@ bool readBinary(SoInput* in, T* values, int num, bool& done) {
     return *this;                                                                      \
   }                                                                                    \
   bool className::operator==(const className& f) const {                               \
+    evaluate();                                                                        \
+    f.evaluate();                                                                      \
     if (num != f.num) return false;                                                    \
     for (int i = 0; i < num; ++i)                                                      \
       if (!orvex::fio::equal(values[i], f.values[i])) return false;                    \

@@ -3,6 +3,8 @@
 #include <Orvex/SoFieldList.h>
 #include <Orvex/SoInput.h>
 #include <Orvex/SoOutput.h>
+#include <Orvex/engines/SoEngine.h>
+#include <Orvex/engines/SoEngineOutput.h>
 #include <Orvex/errors/SoReadError.h>
 #include <Orvex/fields/SoFieldContainer.h>
 #include <Orvex/fields/SoMField.h>
@@ -21,6 +23,7 @@ SoType s_fieldType;
 // of a master is copied into the field.
 struct SoField::Connection : SoFieldAuditor {
   explicit Connection(SoField* slave) : slave(slave) {}
+  using SoFieldAuditor::fieldChanged;
   void fieldChanged(SoField* master) override {
     if (enabled) slave->takeValueFrom(master);
   }
@@ -35,12 +38,14 @@ struct SoField::Connection : SoFieldAuditor {
 struct SoField::Extra {
   std::vector<SoFieldAuditor*> auditors;
   std::unique_ptr<Connection> connection;
+  SoEngineOutput* engineMaster = nullptr;  // the engine is referenced while connected
 };
 
 SoField::SoField() = default;
 
 SoField::~SoField() {
   if (!m_extra) return;
+  disconnectEngine();
   if (m_extra->connection) {
     for (SoField* master : m_extra->connection->masters) master->removeAuditor(m_extra->connection.get());
     m_extra->connection.reset();
@@ -77,11 +82,13 @@ bool SoField::enableNotify(bool flag) {
 void SoField::touch() { startNotify(SoNotRec::FIELD_UPDATE, -1, -1); }
 
 void SoField::valueChanged(bool resetDefault) {
+  m_needsEvaluation = false;  // a value set directly (or by the engine) is current
   if (resetDefault) m_isDefault = false;
   startNotify(SoNotRec::FIELD_UPDATE, -1, -1);
 }
 
 void SoField::valueChanged(int index, int numChanged, bool resetDefault) {
+  m_needsEvaluation = false;
   if (resetDefault) m_isDefault = false;
   startNotify(SoNotRec::FIELD_MULTIVALUE, index, numChanged);
 }
@@ -109,7 +116,7 @@ void SoField::notifyChange(SoNotList* list, SoNotRec::OperationType op, int inde
     const std::vector<SoFieldAuditor*> auditors = m_extra->auditors;
     for (SoFieldAuditor* a : auditors) {
       if (std::find(m_extra->auditors.begin(), m_extra->auditors.end(), a) != m_extra->auditors.end())
-        a->fieldChanged(this);
+        a->fieldChanged(this, op, index, numChanged);
     }
   }
   if (m_container && m_container->isNotifyEnabled()) {
@@ -150,6 +157,7 @@ bool SoField::set(const char* valueString) {
 }
 
 void SoField::get(SbString& valueString) const {
+  evaluate();
   SoOutput out;
   out.setBuffer(nullptr, 0, nullptr);
   writeValue(&out);
@@ -188,6 +196,7 @@ bool SoField::read(SoInput* in, const SbName& name) {
 }
 
 void SoField::write(SoOutput* out, const SbName& name) const {
+  evaluate();
   if (out->getStage() == SoOutput::COUNTREFS) {
     countWriteRefs(out);
     return;
@@ -214,6 +223,7 @@ bool SoField::connectFrom(SoField* master, bool notify, bool append) {
   if (!append) {
     for (SoField* old : c.masters) old->removeAuditor(&c);
     c.masters.clear();
+    disconnectEngine();
   }
   if (std::find(c.masters.begin(), c.masters.end(), master) == c.masters.end()) {
     c.masters.push_back(master);
@@ -224,6 +234,7 @@ bool SoField::connectFrom(SoField* master, bool notify, bool append) {
 }
 
 void SoField::disconnect() {
+  disconnectEngine();
   if (!m_extra || !m_extra->connection) return;
   for (SoField* master : m_extra->connection->masters) master->removeAuditor(m_extra->connection.get());
   m_extra->connection.reset();
@@ -239,10 +250,12 @@ void SoField::disconnect(SoField* master) {
   if (c.masters.empty()) m_extra->connection.reset();
 }
 
-bool SoField::isConnected() const { return m_extra && m_extra->connection && !m_extra->connection->masters.empty(); }
+bool SoField::isConnected() const {
+  return m_extra && ((m_extra->connection && !m_extra->connection->masters.empty()) || m_extra->engineMaster);
+}
 
 bool SoField::getConnectedField(SoField*& master) const {
-  if (!isConnected()) {
+  if (!m_extra || !m_extra->connection || m_extra->connection->masters.empty()) {
     master = nullptr;
     return false;
   }
@@ -251,11 +264,13 @@ bool SoField::getConnectedField(SoField*& master) const {
 }
 
 int SoField::getNumConnections() const {
-  return isConnected() ? static_cast<int>(m_extra->connection->masters.size()) : 0;
+  if (!m_extra) return 0;
+  const int fields = m_extra->connection ? static_cast<int>(m_extra->connection->masters.size()) : 0;
+  return fields + (m_extra->engineMaster ? 1 : 0);
 }
 
 int SoField::getConnections(SoFieldList& list) const {
-  if (!isConnected()) return 0;
+  if (!m_extra || !m_extra->connection) return 0;
   for (SoField* m : m_extra->connection->masters) list.append(m);
   return static_cast<int>(m_extra->connection->masters.size());
 }
@@ -281,6 +296,18 @@ void SoField::enableConnection(bool flag) {
 bool SoField::isConnectionEnabled() const { return !m_extra || !m_extra->connection || m_extra->connection->enabled; }
 
 void SoField::copyConnection(const SoField* from) {
+  SoEngineOutput* engineOutput = nullptr;
+  if (from && from->getConnectedEngine(engineOutput)) {
+    // An engine copied along (through an engine field) gives its copy's output.
+    SoEngine* engine = engineOutput->getContainer();
+    if (auto* copy = static_cast<SoEngine*>(SoFieldContainer::checkCopy(engine))) {
+      SbName name;
+      if (engine->getOutputName(engineOutput, name))
+        if (SoEngineOutput* copied = copy->getOutput(name)) engineOutput = copied;
+    }
+    connectFrom(engineOutput);
+    return;
+  }
   SoField* master = nullptr;
   if (!from || !from->getConnectedField(master)) return;
   // A master inside the copied graph is replaced by its copy.
@@ -306,4 +333,68 @@ void SoField::takeValueFrom(SoField* master) {
     in.setBuffer(const_cast<char*>(text.getString()), text.getSize());
     if (readValue(&in)) valueChanged();
   }
+}
+
+// ---- engine connections -----------------------------------------------------------
+
+bool SoField::connectFrom(SoEngineOutput* engineOutput, bool notify, bool append) {
+  if (!engineOutput || !engineOutput->getContainer()) return false;
+  Extra& e = extra();
+  if (e.engineMaster == engineOutput) return true;
+  // One engine at a time; without append the field masters go too.
+  if (!append && e.connection) {
+    for (SoField* old : e.connection->masters) old->removeAuditor(e.connection.get());
+    e.connection.reset();
+  }
+  SoEngine* engine = engineOutput->getContainer();
+  engine->ref();
+  disconnectEngine();
+  e.engineMaster = engineOutput;
+  engineOutput->addConnection(this);
+  m_needsEvaluation = true;
+  if (notify && m_notifyEnabled) {
+    SoNotList list;
+    SoNotRec rec(engine);
+    rec.setType(SoNotRec::ENGINE);
+    list.append(&rec);
+    this->notify(&list);
+  }
+  return true;
+}
+
+void SoField::disconnectEngine() {
+  if (!m_extra || !m_extra->engineMaster) return;
+  SoEngineOutput* output = m_extra->engineMaster;
+  m_extra->engineMaster = nullptr;
+  m_needsEvaluation = false;
+  SoEngine* engine = output->getContainer();
+  output->removeConnection(this);
+  if (engine) engine->unref();
+}
+
+bool SoField::isConnectedFromEngine() const { return m_extra && m_extra->engineMaster; }
+
+bool SoField::getConnectedEngine(SoEngineOutput*& engineOutput) const {
+  engineOutput = m_extra ? m_extra->engineMaster : nullptr;
+  return engineOutput != nullptr;
+}
+
+void SoField::engineOutputChanged(SoNotList* list) {
+  if (!m_extra || !m_extra->engineMaster || !m_extra->engineMaster->isEnabled()) return;
+  m_needsEvaluation = true;
+  notify(list);
+}
+
+void SoField::engineOutputDestroyed(SoEngineOutput* engineOutput) {
+  if (m_extra && m_extra->engineMaster == engineOutput) {
+    m_extra->engineMaster = nullptr;
+    m_needsEvaluation = false;
+  }
+}
+
+void SoField::evaluateConnection() const {
+  // Cleared first: the engine writing this field reads it back.
+  m_needsEvaluation = false;
+  if (!m_extra || !m_extra->engineMaster) return;
+  if (SoEngine* engine = m_extra->engineMaster->getContainer()) engine->evaluateWrapper();
 }

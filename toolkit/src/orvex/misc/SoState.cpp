@@ -53,6 +53,10 @@ const SoElement* SoState::getConstElement(int stackIndex) const {
   return isElementEnabled(stackIndex) ? m_stack[static_cast<size_t>(stackIndex)] : nullptr;
 }
 
+SoElement* SoState::getElementNoPush(int stackIndex) const {
+  return isElementEnabled(stackIndex) ? m_stack[static_cast<size_t>(stackIndex)] : nullptr;
+}
+
 void SoState::push() {
   m_marks.push_back(m_pushed.size());
   ++m_depth;

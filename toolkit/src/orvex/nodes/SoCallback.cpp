@@ -1,6 +1,7 @@
 #include <Orvex/nodes/SoCallback.h>
 
 #include <Orvex/actions/SoSearchAction.h>
+#include <Orvex/elements/SoCacheElement.h>
 
 SO_NODE_SOURCE(SoCallback)
 
@@ -15,6 +16,8 @@ void SoCallback::setCallback(SoCallbackCB* function, void* userData) {
 }
 
 void SoCallback::doAction(SoAction* action) {
+  // What the function does cannot be cached.
+  if (SoState* state = action->getState()) SoCacheElement::invalidate(state);
   if (m_function) m_function(m_userData, action);
 }
 

@@ -4,6 +4,7 @@
 #include <Orvex/SoOutput.h>
 #include <Orvex/actions/SoSearchAction.h>
 #include <Orvex/actions/SoWriteAction.h>
+#include <Orvex/elements/SoModelMatrixElement.h>
 #include <Orvex/elements/SoSwitchElement.h>
 #include <Orvex/misc/SoState.h>
 #include <Orvex/nodes/SoSeparator.h>
@@ -155,8 +156,15 @@ SoTransformSeparator::~SoTransformSeparator() = default;
 
 void SoTransformSeparator::initClass() { SO_NODE_INIT_CLASS(SoTransformSeparator, SoGroup, "Group"); }
 
-// The transformation elements are saved around the children and restored
-// after them; every other element keeps what the children set. (This
-// toolkit's traversal state has no transformation elements yet, so there
-// is nothing to restore.)
-void SoTransformSeparator::doAction(SoAction* action) { SoGroup::doAction(action); }
+// The transformation is saved around the children and restored after
+// them; every other element keeps what the children set.
+void SoTransformSeparator::doAction(SoAction* action) {
+  SoState* state = action->getState();
+  if (!state || !state->isElementEnabled(SoModelMatrixElement::getClassStackIndex())) {
+    SoGroup::doAction(action);
+    return;
+  }
+  const SbMatrix saved = SoModelMatrixElement::pushMatrix(state);
+  SoGroup::doAction(action);
+  SoModelMatrixElement::popMatrix(state, saved);
+}

@@ -11,6 +11,7 @@
 #include <Orvex/nodes/SoDepthBuffer.h>
 #include <Orvex/nodes/SoDirectionalLight.h>
 #include <Orvex/nodes/SoDrawStyle.h>
+#include <Orvex/nodes/SoEventCallback.h>
 #include <Orvex/nodes/SoFaceSet.h>
 #include <Orvex/nodes/SoGroup.h>
 #include <Orvex/nodes/SoIndexedFaceSet.h>
@@ -37,6 +38,7 @@
 #include <Orvex/nodes/SoRotation.h>
 #include <Orvex/nodes/SoRotationXYZ.h>
 #include <Orvex/nodes/SoScale.h>
+#include <Orvex/nodes/SoSelection.h>
 #include <Orvex/nodes/SoSeparator.h>
 #include <Orvex/nodes/SoShape.h>
 #include <Orvex/nodes/SoShapeHints.h>
@@ -105,4 +107,6 @@ void SoNode::initClasses() {
   SoLabel::initClass();
   SoCallback::initClass();
   SoPattern::initClass();
+  SoEventCallback::initClass();
+  SoSelection::initClass();
 }

@@ -31,11 +31,18 @@ SoField* SoFieldSensor::getAttachedField() const {
   return m_field;
 }
 
-void SoFieldSensor::fieldChanged(SoField* field) {
+void SoFieldSensor::fieldChanged(SoField* field) { fieldChanged(field, SoNotRec::UNSPECIFIED, -1, -1); }
+
+void SoFieldSensor::fieldChanged(SoField* field, SoNotRec::OperationType operation, int index, int numChanged) {
   TriggerInfo info;
   info.field = field;
   SoFieldContainer* container = field->getContainer();
   if (container && container->isOfType(SoNode::getClassTypeId())) info.node = static_cast<SoNode*>(container);
+  if (operation == SoNotRec::FIELD_MULTIVALUE) {
+    info.type = FIELDMULTIVALUE;
+    info.mfieldStart = index;
+    info.mfieldNumValues = numChanged;
+  }
   dataChanged(info);
 }
 

@@ -283,13 +283,16 @@ SbTime SoSensorManager::timeoutValueLocked() const {
 }
 
 void SoSensorManager::setDelaySensorTimeout(const SbTime& timeout) {
+  // The database's manager keeps its timeout in SoDB, which stores it and
+  // comes back here (with the value then equal) to move the alarm.
+  if (isDatabaseManager() && SoDB::getDelaySensorTimeout() != timeout) {
+    SoDB::setDelaySensorTimeout(timeout);
+    return;
+  }
   bool frontChanged = false;
   {
     std::lock_guard<std::mutex> lock(m_mutex);
-    if (isDatabaseManager())
-      SoDB::setDelaySensorTimeout(timeout);
-    else
-      m_ownTimeout = timeout;
+    if (!isDatabaseManager()) m_ownTimeout = timeout;
     // An armed alarm moves to the new deadline of the oldest waiting sensor.
     if (m_numRegularDelay > 0) frontChanged = updateTimeoutLocked(false);
   }

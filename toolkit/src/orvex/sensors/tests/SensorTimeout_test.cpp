@@ -107,17 +107,24 @@ TEST_F(DelayTimeout, ANewTimeoutMovesTheArmedDeadline) {
   EXPECT_FALSE(timerPending());
 }
 
-TEST_F(DelayTimeout, ALongerTimeoutSetThroughTheDatabaseIsHonoured) {
+TEST_F(DelayTimeout, ATimeoutSetThroughTheDatabaseMovesTheArmedDeadline) {
   SoDB::setDelaySensorTimeout(SbTime(0.01));
   SoOneShotSensor s(&FiringLog::record, tag(1));
   s.schedule();
-  SoDB::setDelaySensorTimeout(SbTime(30.0));  // the armed alarm still says 0.01 s
-  waitForEarliestTimer();
-  manager->processTimerQueue();
-  EXPECT_TRUE(g_firings.tags.empty());  // re-armed for the rest instead of firing
+  SoDB::setDelaySensorTimeout(SbTime(30.0));  // longer: the armed alarm moves at once
   SbTime deadline;
   ASSERT_TRUE(timerPending(deadline));
   EXPECT_GT(deadline, now() + SbTime(29.0));
+  std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  manager->processTimerQueue();
+  EXPECT_TRUE(g_firings.tags.empty());  // the old 0.01 s deadline is gone
+
+  SoDB::setDelaySensorTimeout(SbTime(0.03));  // shorter: it comes back
+  ASSERT_TRUE(timerPending(deadline));
+  EXPECT_LT(deadline, now() + SbTime(1.0));
+  waitForEarliestTimer();
+  manager->processTimerQueue();
+  EXPECT_EQ(g_firings.tags, Tags{1});
 }
 
 }  // namespace
