@@ -71,6 +71,11 @@ check "missing file: exit status 1" test $? -eq 1
 check "missing file: reported" grep -q 'missing.ovx' "$dir/err"
 "$tool" -z > /dev/null 2> "$dir/err" < /dev/null
 check "usage error: exit status 2" test $? -eq 2
+if [ -w /dev/full ]; then
+  "$tool" "$dir/b.ovx" > /dev/full 2> "$dir/err"
+  check "full output device: exit status 2" test $? -eq 2
+  check "full output device: reported" grep -q 'writing failed' "$dir/err"
+fi
 
 if [ $failures -ne 0 ]; then echo "$failures check(s) failed"; exit 1; fi
 echo "all checks passed"

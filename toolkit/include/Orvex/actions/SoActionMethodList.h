@@ -1,6 +1,8 @@
 #pragma once
 #include <Orvex/SoType.h>
 
+#include <atomic>
+#include <memory>
 #include <vector>
 
 class SoAction;
@@ -21,7 +23,8 @@ class SoActionMethodList {
   // Fills the table for every node class registered so far (done again
   // automatically after new node classes or methods appear).
   void setUp();
-  // The function for the node class with that method index.
+  // The function for the node class with that method index. Safe to call
+  // from several threads at once, also while the table is being rebuilt.
   SoActionMethod operator[](int index);
 
  private:
@@ -29,12 +32,21 @@ class SoActionMethodList {
     SoType nodeType;
     SoActionMethod method;
   };
+  // One filled table; never changed once published.
+  struct Table {
+    std::vector<SoActionMethod> methods;
+    int generation;
+    int numTypes;
+  };
   // The function registered for `type` here or in a parent list, or null.
   SoActionMethod findRegistered(SoType type) const;
+  // Builds and publishes a table (caller holds the registration lock).
+  const Table* setUpLocked();
 
   SoActionMethodList* m_parent;
   std::vector<Entry> m_registered;
-  std::vector<SoActionMethod> m_table;
-  int m_numTypesSetUp = -1;
-  int m_generation = -1;
+  std::atomic<const Table*> m_current{nullptr};
+  // Every table built: a traversal on another thread may still read an
+  // older one. Tables are rebuilt only when classes or methods are added.
+  std::vector<std::unique_ptr<const Table>> m_tables;
 };

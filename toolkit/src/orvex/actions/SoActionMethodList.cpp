@@ -3,16 +3,21 @@
 #include <Orvex/nodes/SoNode.h>
 
 #include <algorithm>
+#include <mutex>
 
 namespace {
 // Bumped by every addMethod of any list: tables built before are stale,
 // since a method added to a parent action's list reaches its children.
-int s_generation = 0;
+std::atomic<int> s_generation{0};
+// Guards the registrations of all lists and the building of tables (which
+// reads the parent lists' registrations).
+std::mutex s_mutex;
 }  // namespace
 
 SoActionMethodList::SoActionMethodList(SoActionMethodList* parentList) : m_parent(parentList) {}
 
 void SoActionMethodList::addMethod(SoType nodeType, SoActionMethod method) {
+  std::lock_guard<std::mutex> lock(s_mutex);
   for (Entry& e : m_registered) {
     if (e.nodeType == nodeType) {
       e.method = method;
@@ -36,22 +41,43 @@ SoActionMethod SoActionMethodList::findRegistered(SoType type) const {
 }
 
 void SoActionMethodList::setUp() {
+  std::lock_guard<std::mutex> lock(s_mutex);
+  setUpLocked();
+}
+
+const SoActionMethodList::Table* SoActionMethodList::setUpLocked() {
+  auto table = std::make_unique<Table>();
+  table->generation = s_generation.load();
+  table->numTypes = SoType::getNumTypes();
   SoTypeList nodeTypes;
   SoType::getAllDerivedFrom(SoNode::getClassTypeId(), nodeTypes);
   int maxIndex = SoNode::getNextActionMethodIndex();
   for (int i = 0; i < nodeTypes.getLength(); ++i) maxIndex = std::max(maxIndex, SoNode::getActionMethodIndex(nodeTypes[i]) + 1);
-  m_table.assign(static_cast<size_t>(maxIndex), nullptr);
+  table->methods.assign(static_cast<size_t>(maxIndex), nullptr);
   for (int i = 0; i < nodeTypes.getLength(); ++i) {
     const SoType t = nodeTypes[i];
     const int index = SoNode::getActionMethodIndex(t);
-    if (index >= 0) m_table[static_cast<size_t>(index)] = findRegistered(t);
+    if (index >= 0) table->methods[static_cast<size_t>(index)] = findRegistered(t);
   }
-  m_generation = s_generation;
-  m_numTypesSetUp = SoType::getNumTypes();
+  const Table* published = table.get();
+  m_tables.push_back(std::move(table));
+  m_current.store(published, std::memory_order_release);
+  return published;
 }
 
 SoActionMethod SoActionMethodList::operator[](int index) {
-  if (m_generation != s_generation || index < 0 || static_cast<size_t>(index) >= m_table.size()) setUp();
-  if (index < 0 || static_cast<size_t>(index) >= m_table.size()) return nullptr;
-  return m_table[static_cast<size_t>(index)];
+  if (index < 0) return nullptr;
+  const Table* table = m_current.load(std::memory_order_acquire);
+  const auto fits = [index](const Table* t) { return static_cast<size_t>(index) < t->methods.size(); };
+  // Stale after a new method, or too short after a new node class; an index
+  // that no class has does not rebuild again and again.
+  if (!table || table->generation != s_generation.load(std::memory_order_relaxed) ||
+      (!fits(table) && table->numTypes != SoType::getNumTypes())) {
+    std::lock_guard<std::mutex> lock(s_mutex);
+    table = m_current.load(std::memory_order_acquire);
+    if (!table || table->generation != s_generation.load() ||
+        (!fits(table) && table->numTypes != SoType::getNumTypes()))
+      table = setUpLocked();
+  }
+  return fits(table) ? table->methods[static_cast<size_t>(index)] : nullptr;
 }

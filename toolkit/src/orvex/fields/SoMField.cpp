@@ -3,6 +3,7 @@
 #include <Orvex/SoInput.h>
 #include <Orvex/SoOutput.h>
 
+#include <algorithm>
 #include <cstring>
 #include <string>
 
@@ -30,6 +31,8 @@ void SoMField::deleteValues(int start, int count) {
   if (start < 0 || start >= num) return;
   if (count < 0 || start + count > num) count = num - start;
   if (count == 0) return;
+  // Values move down in place: a read-only block is copied first.
+  if (m_userDataIsReadOnly) allocValues(num);
   for (int i = start; i + count < num; ++i) copyValue(i, i + count);
   allocValues(num - count);
   valueChanged();
@@ -50,7 +53,8 @@ bool SoMField::set1(int index, const char* valueString) {
   SoInput in;
   in.setBuffer(const_cast<char*>(valueString), std::strlen(valueString));
   const int oldNum = num;
-  if (index >= num) allocValues(index + 1);
+  // The value is read in place: a read-only block is copied first.
+  if (index >= num || m_userDataIsReadOnly) allocValues(std::max(num, index + 1));
   if (!read1Value(&in, index)) {
     if (num != oldNum) allocValues(oldNum);
     return false;

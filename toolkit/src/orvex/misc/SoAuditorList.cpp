@@ -76,7 +76,10 @@ void SoAuditorList::notify(SoNotList* list) const {
 
   for (int i = 0; i < n; ++i) {
     const uintptr_t e = entries[i];
-    if (i > 0) {
+    // Entries only move when an earlier one is removed, so an entry still
+    // in its place is present; only then is the whole list searched (a
+    // node with many parents would otherwise cost a search per parent).
+    if (i > 0 && !(i < getLength() && entry(i) == e)) {
       bool present = false;
       for (int k = 0, len = getLength(); k < len && !present; ++k) present = entry(k) == e;
       if (!present) continue;

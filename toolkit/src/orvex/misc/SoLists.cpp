@@ -6,6 +6,7 @@
 #include <Orvex/nodes/SoNode.h>
 
 #include <algorithm>
+#include <functional>
 #include <vector>
 
 void SoNodeList::append(SoNode* node) { SoBaseList::append(node); }
@@ -27,7 +28,7 @@ namespace {
 // Orders paths by head address, then by child indices along the path; a
 // path comes before the paths that continue it.
 bool pathLess(const SoPath* a, const SoPath* b) {
-  if (a->getHead() != b->getHead()) return a->getHead() < b->getHead();
+  if (a->getHead() != b->getHead()) return std::less<const SoNode*>()(a->getHead(), b->getHead());
   const int n = std::min(a->getLength(), b->getLength());
   for (int i = 1; i < n; ++i)
     if (a->getIndex(i) != b->getIndex(i)) return a->getIndex(i) < b->getIndex(i);
@@ -44,12 +45,18 @@ void SoPathList::sort() {
 }
 
 void SoPathList::uniquify() {
-  for (int i = getLength() - 1; i > 0; --i) {
-    const SoPath* prev = get(i - 1);
+  // Sorted, the paths that repeat or continue a path follow it in one run,
+  // so each is compared with the last path kept (not merely its neighbour:
+  // in "g, g/0, g/0/1, g/2" the last one continues the first).
+  int kept = 0;
+  for (int i = 1; i < getLength();) {
+    const SoPath* cover = get(kept);
     const SoPath* path = get(i);
-    // A path that repeats or continues the one before it is covered by it.
-    if (prev->getHead() == path->getHead() && prev->getLength() <= path->getLength() &&
-        path->containsPath(prev))
+    if (cover && path && cover->getHead() == path->getHead() && cover->getLength() <= path->getLength() &&
+        path->containsPath(cover)) {
       remove(i);
+    } else {
+      kept = i++;
+    }
   }
 }

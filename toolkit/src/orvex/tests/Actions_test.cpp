@@ -19,7 +19,9 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "TestSupport.h"
@@ -399,4 +401,57 @@ TEST_F(ActionsTest, WritingAPathWritesWhatLeadsToIt) {
   auto back = orvextest::readFromString(std::string(static_cast<char*>(buffer), size));
   ASSERT_TRUE(back);
   EXPECT_EQ(back->getNumChildren(), 2);
+}
+
+TEST_F(ActionsTest, EnabledElementListsHandOutUnchangingSnapshots) {
+  // A state being built on one thread keeps reading the list it was given
+  // while another thread enables an element.
+  SoEnabledElementsList list(SoSearchAction::getClassEnabledElements());
+  const SoTypeList& before = list.getElements();
+  const int length = before.getLength();
+  const SoType added = SoSwitchElement::getClassTypeId();
+  list.enable(added, length + 2);
+  const SoTypeList& after = list.getElements();
+  EXPECT_EQ(before.getLength(), length);
+  ASSERT_EQ(after.getLength(), length + 3);
+  EXPECT_EQ(after[length + 2], added);
+  EXPECT_TRUE(after[length].isBad());
+  for (int i = 0; i < length; ++i) EXPECT_EQ(after[i], before[i]) << "stack " << i;
+}
+
+TEST_F(ActionsTest, ActionsRunOnSeveralThreadsWhileMethodsAndElementsChange) {
+  // Each thread searches its own graph; meanwhile methods and elements are
+  // registered again, which makes every thread rebuild its method table and
+  // its state from the shared lists.
+  constexpr int kThreads = 4;
+  constexpr int kRounds = 300;
+  std::atomic<bool> go{false};
+  std::atomic<int> wrong{0};
+  std::vector<std::thread> workers;
+  for (int t = 0; t < kThreads; ++t) {
+    workers.emplace_back([&] {
+      auto root = make(new SoSeparator);
+      auto* group = new SoGroup;
+      root->addChild(new SoMaterial);
+      root->addChild(group);
+      group->addChild(new SoCube);
+      group->addChild(new SoSphere);
+      while (!go.load()) std::this_thread::yield();
+      for (int i = 0; i < kRounds; ++i) {
+        SoSearchAction search;
+        search.setType(SoSphere::getClassTypeId());
+        search.apply(root.get());
+        const SoPath* path = search.getPath();
+        if (!path || path->getLength() != 3 || path->getIndex(1) != 1 || path->getIndex(2) != 1) ++wrong;
+      }
+    });
+  }
+  go = true;
+  for (int i = 0; i < kRounds; ++i) {
+    SoSearchAction::addMethod(SoNode::getClassTypeId(), &SoNode::searchS);
+    SO_ENABLE(SoSearchAction, SoSwitchElement);
+    std::this_thread::yield();
+  }
+  for (std::thread& w : workers) w.join();
+  EXPECT_EQ(wrong.load(), 0);
 }

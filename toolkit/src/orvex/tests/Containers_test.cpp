@@ -276,6 +276,55 @@ TEST_F(ContainersTest, SharedNodesNotifyEveryParent) {
   b->removeAuditor(&lb);
 }
 
+namespace {
+// An observer that, when told, removes another observer of the same node.
+struct Remover : SoAuditor {
+  SoBase* watched = nullptr;
+  SoAuditor* victim = nullptr;
+  int told = 0;
+  void notify(SoNotList*) override {
+    ++told;
+    if (victim) watched->removeAuditor(victim);
+    victim = nullptr;
+  }
+  void dyingReference(SoBase*) override {}
+};
+}  // namespace
+
+TEST_F(ContainersTest, ObserversRemovedWhileANotificationRunsAreToldAtMostOnce) {
+  auto node = make(new SoCube);
+  Listener l[5];
+  Remover remover;
+  remover.watched = node.get();
+  // Observers 0, remover, 1, 2, 3, 4. The remover takes out a later one
+  // (not told) and, on the second change, an earlier one (the later ones
+  // move up and must still be told once each).
+  node->addAuditor(&l[0]);
+  node->addAuditor(&remover);
+  for (int i = 1; i < 5; ++i) node->addAuditor(&l[i]);
+  remover.victim = &l[3];
+  node->touch();
+  EXPECT_EQ(remover.told, 1);
+  EXPECT_EQ(l[0].count(), 1u);
+  EXPECT_EQ(l[1].count(), 1u);
+  EXPECT_EQ(l[2].count(), 1u);
+  EXPECT_EQ(l[3].count(), 0u);
+  EXPECT_EQ(l[4].count(), 1u);
+  remover.victim = &l[0];
+  node->touch();
+  EXPECT_EQ(remover.told, 2);
+  EXPECT_EQ(l[0].count(), 2u);
+  EXPECT_EQ(l[1].count(), 2u);
+  EXPECT_EQ(l[2].count(), 2u);
+  EXPECT_EQ(l[3].count(), 0u);
+  EXPECT_EQ(l[4].count(), 2u);
+  node->touch();  // the one removed is no longer told
+  EXPECT_EQ(l[0].count(), 2u);
+  EXPECT_EQ(l[4].count(), 3u);
+  node->removeAuditor(&remover);
+  for (int i : {1, 2, 4}) node->removeAuditor(&l[i]);
+}
+
 TEST_F(ContainersTest, NodeFieldsPassChangesOnAndCyclesEnd) {
   DynamicNode::initClass();
   auto holder = make(new DynamicNode);

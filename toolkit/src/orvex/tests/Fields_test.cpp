@@ -181,6 +181,30 @@ TEST_F(FieldsTest, ValuesPointerUsesTheCallersMemory) {
   EXPECT_EQ(ro[0], 70.0f);
 }
 
+TEST_F(FieldsTest, ReadOnlyValuesPointerIsNeverWrittenThrough) {
+  // Writable memory handed over as read-only, so that a write through the
+  // field would be seen here rather than crash.
+  float block[4] = {1, 2, 3, 4};
+  const float* readOnly = block;
+  SoMFFloat removing;
+  removing.setValuesPointer(4, readOnly);
+  removing.deleteValues(0, 1);
+  EXPECT_EQ(removing.getNum(), 3);
+  EXPECT_EQ(removing[0], 2.0f);
+  EXPECT_EQ(removing[2], 4.0f);
+  EXPECT_NE(removing.getValues(0), block);
+  EXPECT_EQ(block[0], 1.0f);
+  EXPECT_EQ(block[1], 2.0f);
+
+  SoMFFloat parsing;
+  parsing.setValuesPointer(4, readOnly);
+  ASSERT_TRUE(parsing.set1(1, "20"));
+  EXPECT_EQ(parsing[1], 20.0f);
+  EXPECT_EQ(parsing.getNum(), 4);
+  EXPECT_NE(parsing.getValues(0), block);
+  EXPECT_EQ(block[1], 2.0f);
+}
+
 TEST_F(FieldsTest, DisableDeleteValuesHandsStorageOver) {
   auto* m = new SoMFInt32;
   m->setNum(3);

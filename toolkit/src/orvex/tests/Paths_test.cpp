@@ -210,3 +210,30 @@ TEST_F(PathsTest, PathLists) {
   ASSERT_EQ(list.getLength(), 2);
   EXPECT_EQ(list[1], b.get());
 }
+
+TEST_F(PathsTest, UniquifyDropsEveryPathAShorterOneCovers) {
+  // group, group/cube and group/sphere: both longer paths continue the
+  // first, also the one that is not next to it after sorting.
+  auto toGroup = make(new SoPath(root.get()));
+  toGroup->append(1);
+  auto toCube = make(new SoPath(root.get()));
+  toCube->append(1);
+  toCube->append(0);
+  auto toSphere = pathToSphere();
+  auto toCone = make(new SoPath(root.get()));
+  toCone->append(2);
+  SoPathList list;
+  list.append(toSphere.get());
+  list.append(toCone.get());
+  list.append(toCube.get());
+  list.append(toGroup.get());
+  list.sort();
+  ASSERT_EQ(list.getLength(), 4);
+  EXPECT_EQ(list[0], toGroup.get());
+  EXPECT_EQ(list[1], toCube.get());
+  EXPECT_EQ(list[2], toSphere.get());
+  list.uniquify();
+  ASSERT_EQ(list.getLength(), 2);
+  EXPECT_EQ(list[0], toGroup.get());
+  EXPECT_EQ(list[1], toCone.get());
+}

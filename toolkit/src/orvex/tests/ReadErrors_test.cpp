@@ -22,10 +22,9 @@
 #include "ErrorCapture.h"
 #include "TestSupport.h"
 
-namespace {
-
 // A group that counts its live instances, to show that failed reads free
-// everything they built.
+// everything they built. Outside the anonymous namespace: the class macros
+// define members (type and field-data accessors) that this file never calls.
 class Tracked : public SoGroup {
   SO_NODE_HEADER(Tracked);
 
@@ -44,6 +43,8 @@ class Tracked : public SoGroup {
 int Tracked::live = 0;
 SO_NODE_SOURCE(Tracked)
 void Tracked::initClass() { SO_NODE_INIT_CLASS(Tracked, SoGroup, "Group"); }
+
+namespace {
 
 class ReadErrorsTest : public ::testing::Test {
  protected:
@@ -122,11 +123,12 @@ TEST_F(ReadErrorsTest, TruncatedFilesAtEveryPosition) {
       SoInput in;
       in.setBuffer(const_cast<char*>(part.data()), part.size());
       SoSeparator* root = SoDB::readAll(&in);
-      // A failed read has freed everything at once.
-      if (!root) EXPECT_EQ(Tracked::live, 0) << "cut at " << cut;
-      // A cut between top-level objects is a complete (shorter) file; the
-      // input holds the objects it named until it is closed.
-      if (root) {
+      if (!root) {
+        // A failed read has freed everything at once.
+        EXPECT_EQ(Tracked::live, 0) << "cut at " << cut;
+      } else {
+        // A cut between top-level objects is a complete (shorter) file; the
+        // input holds the objects it named until it is closed.
         root->ref();
         root->unref();
       }
