@@ -76,6 +76,27 @@ void setCenterOf(const SbBox3f& box, SbVec3f& center) {
   center = box.isEmpty() ? SbVec3f(0.0f, 0.0f, 0.0f) : box.getCenter();
 }
 
+// Bounding box of the coordinates that the parts of a numVertices field take.
+void partsBox(const VertexData& d, int start, const SoMFInt32& numVertices, SbBox3f& box, SbVec3f& center) {
+  box = coordinateBox(d, start, total(partSizes(numVertices, start, d.numCoords())));
+  setCenterOf(box, center);
+}
+
+// Fills a primitive vertex and its point detail for shape vertex `vertex`
+// (coordinate `coord`); texture coordinates are numbered like the vertices.
+void describeVertex(const VertexData& d, int vertex, int coord, const SbVec3f& normal, int normalIndex,
+                    int materialIndex, SoPrimitiveVertex& pv, SoPointDetail& pd) {
+  const SbVec3f& p = d.point(coord);
+  pv.setPoint(p);
+  pv.setNormal(normal);
+  pv.setMaterialIndex(materialIndex);
+  pv.setTextureCoords(d.texCoords(vertex, p, normal));
+  pd.setCoordinateIndex(coord);
+  pd.setMaterialIndex(materialIndex);
+  pd.setNormalIndex(normalIndex);
+  pd.setTextureCoordIndex(vertex);
+}
+
 }  // namespace
 
 // ---- SoPointSet -------------------------------------------------------------------------
@@ -102,18 +123,10 @@ void SoPointSet::generatePrimitives(SoAction* action) {
   pv.setDetail(&pd);
   for (int i = 0; i < n; ++i) {
     const int c = start + i;
-    const SbVec3f& p = d.point(c);
     const int ni = d.generateNormals ? -1 : boundIndex(asBinding(d.normalBinding), i, i, i);
     const SbVec3f normal = ni < 0 ? SbVec3f(0.0f, 0.0f, 1.0f) : d.normals->get(ni);
     const int mi = boundIndex(d.materialBinding, i, i, i);
-    pv.setPoint(p);
-    pv.setNormal(normal);
-    pv.setMaterialIndex(mi);
-    pv.setTextureCoords(d.texCoords(i, p, normal));
-    pd.setCoordinateIndex(c);
-    pd.setMaterialIndex(mi);
-    pd.setNormalIndex(std::max(ni, 0));
-    pd.setTextureCoordIndex(i);
+    describeVertex(d, i, c, normal, std::max(ni, 0), mi, pv, pd);
     invokePointCallbacks(action, &pv);
   }
 }
@@ -121,10 +134,7 @@ void SoPointSet::generatePrimitives(SoAction* action) {
 // ---- SoLineSet --------------------------------------------------------------------------
 
 void SoLineSet::computeBBox(SoAction* action, SbBox3f& box, SbVec3f& center) {
-  const VertexData d(action);
-  const int start = startIndex.getValue();
-  box = coordinateBox(d, start, total(partSizes(numVertices, start, d.numCoords())));
-  setCenterOf(box, center);
+  partsBox(VertexData(action), startIndex.getValue(), numVertices, box, center);
 }
 
 // Line sets bind PER_PART values to segments and PER_FACE values to polylines.
@@ -146,18 +156,10 @@ void SoLineSet::generatePrimitives(SoAction* action) {
       for (int e = 0; e < 2; ++e) {
         const int v = vertex + k + e;
         const int c = start + v;
-        const SbVec3f& p = d.point(c);
         const int ni = d.generateNormals ? -1 : boundIndex(asBinding(d.normalBinding), v, segment, line);
         const SbVec3f normal = ni < 0 ? SbVec3f(0.0f, 0.0f, 1.0f) : d.normals->get(ni);
         const int mi = boundIndex(d.materialBinding, v, segment, line);
-        pv.setPoint(p);
-        pv.setNormal(normal);
-        pv.setMaterialIndex(mi);
-        pv.setTextureCoords(d.texCoords(v, p, normal));
-        pd.setCoordinateIndex(c);
-        pd.setMaterialIndex(mi);
-        pd.setNormalIndex(std::max(ni, 0));
-        pd.setTextureCoordIndex(v);
+        describeVertex(d, v, c, normal, std::max(ni, 0), mi, pv, pd);
         pv.setDetail(&pd);
         shapeVertex(&pv);
       }
@@ -170,10 +172,7 @@ void SoLineSet::generatePrimitives(SoAction* action) {
 // ---- SoFaceSet --------------------------------------------------------------------------
 
 void SoFaceSet::computeBBox(SoAction* action, SbBox3f& box, SbVec3f& center) {
-  const VertexData d(action);
-  const int start = startIndex.getValue();
-  box = coordinateBox(d, start, total(partSizes(numVertices, start, d.numCoords())));
-  setCenterOf(box, center);
+  partsBox(VertexData(action), startIndex.getValue(), numVertices, box, center);
 }
 
 void SoFaceSet::generatePrimitives(SoAction* action) {
@@ -202,18 +201,10 @@ void SoFaceSet::generatePrimitives(SoAction* action) {
     for (int k = 0; k < n; ++k) {
       const int v = vertex + k;
       const int c = start + v;
-      const SbVec3f& p = d.point(c);
       const int ni = d.generateNormals ? face : boundIndex(asBinding(d.normalBinding), v, face, face);
       const SbVec3f normal = d.generateNormals ? faceNormal : d.normals->get(ni);
       const int mi = boundIndex(d.materialBinding, v, face, face);
-      pv.setPoint(p);
-      pv.setNormal(normal);
-      pv.setMaterialIndex(mi);
-      pv.setTextureCoords(d.texCoords(v, p, normal));
-      pd.setCoordinateIndex(c);
-      pd.setMaterialIndex(mi);
-      pd.setNormalIndex(ni);
-      pd.setTextureCoordIndex(v);
+      describeVertex(d, v, c, normal, ni, mi, pv, pd);
       pv.setDetail(&pd);
       shapeVertex(&pv);
     }
@@ -224,10 +215,7 @@ void SoFaceSet::generatePrimitives(SoAction* action) {
 // ---- SoTriangleStripSet -----------------------------------------------------------------
 
 void SoTriangleStripSet::computeBBox(SoAction* action, SbBox3f& box, SbVec3f& center) {
-  const VertexData d(action);
-  const int start = startIndex.getValue();
-  box = coordinateBox(d, start, total(partSizes(numVertices, start, d.numCoords())));
-  setCenterOf(box, center);
+  partsBox(VertexData(action), startIndex.getValue(), numVertices, box, center);
 }
 
 // Each strip is a part; each of its triangles a face (numbered through the
@@ -258,18 +246,10 @@ void SoTriangleStripSet::generatePrimitives(SoAction* action) {
       beginShape(action, TRIANGLES, &fd);
       for (int v : tri) {
         const int c = start + v;
-        const SbVec3f& p = d.point(c);
         const int ni = d.generateNormals ? face : boundIndex(asBinding(d.normalBinding), v, strip, face);
         const SbVec3f normal = d.generateNormals ? faceNormal : d.normals->get(ni);
         const int mi = boundIndex(d.materialBinding, v, strip, face);
-        pv.setPoint(p);
-        pv.setNormal(normal);
-        pv.setMaterialIndex(mi);
-        pv.setTextureCoords(d.texCoords(v, p, normal));
-        pd.setCoordinateIndex(c);
-        pd.setMaterialIndex(mi);
-        pd.setNormalIndex(ni);
-        pd.setTextureCoordIndex(v);
+        describeVertex(d, v, c, normal, ni, mi, pv, pd);
         pv.setDetail(&pd);
         shapeVertex(&pv);
       }
