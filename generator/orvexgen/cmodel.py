@@ -2,7 +2,17 @@
 from __future__ import annotations
 
 from dataclasses import dataclass, field
+import re
 from typing import List, Optional
+
+
+def normalize_signature(text: str) -> str:
+    """One spelling per signature: single spaces, none inside brackets or
+    before '*', '&', ',' and ')'."""
+    text = re.sub(r"\s+", " ", text.strip())
+    text = re.sub(r"\s*([*&,()\[\]])\s*", r"\1", text)
+    text = text.replace(",", ", ")
+    return re.sub(r"\)const$", ") const", text)
 
 
 @dataclass
@@ -29,6 +39,12 @@ class CParam:
     name: str
     type: CType
     has_default: bool = False
+    default: str = ""         # the default argument as written ("nullptr", "0.5f"), "" for none
+
+    @property
+    def null_default(self) -> bool:
+        """A pointer parameter whose default is the null pointer: the toolkit accepts null."""
+        return self.default in ("nullptr", "NULL", "0")
 
 
 @dataclass
@@ -46,6 +62,12 @@ class CFunction:
     is_free: bool = False     # friend or namespace-level function (no receiver)
     access: str = "public"
     order: int = 0            # position in the class body
+
+    @property
+    def signature(self) -> str:
+        """How rules name this member: "setValue(const float[3])", "getValue(float &, float &) const"."""
+        return normalize_signature(f"{self.name}({', '.join(p.type.spelling for p in self.params)})"
+                                   f"{' const' if self.is_const else ''}")
 
     @property
     def is_operator(self) -> bool:

@@ -96,8 +96,9 @@ def qualified_name(decl: ci.Cursor) -> str:
 def _params(cursor: ci.Cursor) -> List[CParam]:
     out = []
     for i, p in enumerate(cursor.get_arguments()):
-        has_default = any(c.kind.is_expression() for c in p.get_children())
-        out.append(CParam(p.spelling or f"arg{i}", convert_type(p.type), has_default))
+        defaults = [c for c in p.get_children() if c.kind.is_expression()]
+        default = " ".join(t.spelling for t in defaults[0].get_tokens()) if defaults else ""
+        out.append(CParam(p.spelling or f"arg{i}", convert_type(p.type), bool(defaults), default))
     return out
 
 

@@ -6,7 +6,7 @@ from typing import Dict, List, Set
 from .cmodel import CClass, CType
 from .naming import jni_name
 from .plan import ClassPlan, Method
-from .types import READ_WRITE, JAVA_ARRAY_JNI
+from .conversions import JNI_ARRAY, READ_WRITE
 
 PROTECTED_MESSAGE = "Call of protected methods not allowed."
 
@@ -25,7 +25,7 @@ def _headers_of(t: CType, classes: Dict[str, CClass], out: Set[str]) -> None:
 def _call_expression(plan: ClassPlan, m: Method) -> str:
     cls = plan.name
     f = m.cfunc
-    args = ", ".join(a.cpp_arg for a in m.args)
+    args = ", ".join(a.conv.cpp_arg(a.name) for a in m.args)
     if m.operator:
         return f"((*self) {m.operator} ({args}))"
     if m.guard == "protected":
@@ -58,62 +58,18 @@ def _protected_access(plan: ClassPlan, m: Method) -> List[str]:
     ]
 
 
-def _result_lines(m: Method, expr: str) -> List[str]:
-    r = m.result
-    k = r.kind
-    if k in ("void", "self"):
-        return [f"{expr};"]
-    if k == "prim":
-        return [f"const {r.jni_type} result = static_cast<{r.jni_type}>({expr});"]
-    if k == "bool":
-        return [f"const jboolean result = {expr} ? JNI_TRUE : JNI_FALSE;"]
-    if k == "enum":
-        return [f"const jint result = static_cast<jint>({expr});"]
-    if k == "string":
-        return [f"const jstring result = StringHelper::fromNativeString(env, {expr});"]
-    if k == "sotype":
-        return [f"const jstring result = StringHelper::fromNativeString(env, ({expr}).getName());"]
-    if k in ("handle", "array"):
-        return [f"const jlong result = reinterpret_cast<jlong>({expr});"]
-    if k in ("handle_ref", "value_ref"):
-        return [f"const jlong result = reinterpret_cast<jlong>(&({expr}));"]
-    if k == "handle_owned":
-        return [f"const jlong result = reinterpret_cast<jlong>(new {r.cpp_class}({expr}));"]
-    if k in ("plist", "plist_ptr"):
-        # Element addresses in list order, copied through a temporary buffer.
-        if k == "plist_ptr":
-            head = [f"const SbPList* list = {expr};"]
-        else:  # by value or by reference: bind it (a temporary lives as long as the reference)
-            head = [f"const SbPList& listValue = {expr};", "const SbPList* list = &listValue;"]
-        return head + [
-                "jlongArray result = nullptr;",
-                "if (list != nullptr) {",
-                "  std::vector<long long> addresses(static_cast<size_t>(list->getLength()));",
-                "  for (size_t i = 0; i < addresses.size(); ++i)",
-                "    addresses[i] = reinterpret_cast<long long>(list->get(static_cast<int>(i)));",
-                "  result = addresses.empty() ? env->NewLongArray(0)",
-                "                             : ArrayHelper::fromNativeArray(env, addresses.data(), addresses.size());",
-                "}"]
-    if k == "value":
-        return [f"const {r.cpp_class} resultValue = {expr};",
-                "ArrayHelper returnedValueHelper(env);",
-                f"*reinterpret_cast<{r.cpp_class}*>(returnedValueHelper.toNativeArray(returnedValue, {READ_WRITE})) "
-                f"= resultValue;"]
-    raise AssertionError(k)
-
-
 def _method(plan: ClassPlan, m: Method) -> List[str]:
     cls = plan.name
     r = m.result
     params = ["JNIEnv* env", "jclass"]
     if m.receiver == "value":
-        params.append(f"{JAVA_ARRAY_JNI[plan.wrapped.elem]} nativeObject")
+        params.append(f"{JNI_ARRAY[plan.wrapped.elem]} nativeObject")
     elif m.receiver == "handle":
         params.append("jlong nativeObject")
     params += [f"{a.jni_type} {a.name}" for a in m.args]
     if r.kind == "value":
-        params.append(f"{JAVA_ARRAY_JNI[r.value_class.elem]} returnedValue")
-    jret = "jlong" if m.is_ctor and plan.kind != "value" else r.jni_type
+        params.append(f"{JNI_ARRAY[r.value_class.elem]} returnedValue")
+    jret = "jlong" if m.is_ctor and plan.kind != "value" else ("void" if r.kind == "value" else r.jni_type)
     sym = jni_name(plan.package, plan.binary_name, m.native_name)
     out = [f"JNIEXPORT {jret} JNICALL {sym}({', '.join(params)}) {{"]
     body: List[str] = []
@@ -130,8 +86,8 @@ def _method(plan: ClassPlan, m: Method) -> List[str]:
                  "}"]
         body += _protected_access(plan, m)
     for a in m.args:
-        body += a.pre
-    args = ", ".join(a.cpp_arg for a in m.args)
+        body += a.conv.cpp_pre(a.name)
+    args = ", ".join(a.conv.cpp_arg(a.name) for a in m.args)
     if m.is_ctor:
         if plan.kind == "value":
             body.append(f"new (self) {cls}({args});")
@@ -139,10 +95,10 @@ def _method(plan: ClassPlan, m: Method) -> List[str]:
             body.append(f"return reinterpret_cast<jlong>(new {cls}({args}));")
         out += ["  " + line for line in body] + ["}", ""]
         return out
-    body += _result_lines(m, _call_expression(plan, m))
+    body += r.cpp_result(_call_expression(plan, m))
     for a in m.args:
-        body += a.post
-    if r.kind not in ("void", "self", "value"):
+        body += a.conv.cpp_post(a.name)
+    if jret != "void":
         body.append("return result;")
     out += ["  " + line for line in body] + ["}", ""]
     return out
@@ -199,12 +155,15 @@ def emit(plan: ClassPlan, classes: Dict[str, CClass], module: str) -> str:
     lines += ["#include <cstring>", "#include <new>", "#include <type_traits>", "#include <vector>", ""]
     lines += ['#include "ArrayHelper.h"', '#include "ExceptionHelper.h"', '#include "StringArrayHelper.h"',
               '#include "StringHelper.h"']
+    if variadic:
+        lines.append('#include "SafeFormat.h"')
     if guards:
         lines.append('#include "custom/ICustomClass.h"')
     lines.append("")
     if variadic:
         lines += ["// Messages are passed in the position of the toolkit's format string, as the",
-                  "// toolkit's contract says; a '%' in them is the toolkit's to interpret.",
+                  "// toolkit's contract says, after SafeFormat has kept only the conversions",
+                  "// that are harmless with the zero arguments it supplies.",
                   '#pragma GCC diagnostic ignored "-Wformat-security"',
                   '#pragma GCC diagnostic ignored "-Wformat-nonliteral"', ""]
     lines += ["namespace {",
@@ -213,7 +172,7 @@ def emit(plan: ClassPlan, classes: Dict[str, CClass], module: str) -> str:
 
     if plan.kind == "value":
         elem = plan.wrapped.elem
-        jarr = JAVA_ARRAY_JNI[elem]
+        jarr = JNI_ARRAY[elem]
         sig = "[" + {"float": "F", "double": "D", "int": "I", "short": "S", "byte": "B", "long": "J"}[elem]
         lines += [
             f"JNIEXPORT void JNICALL {jni_name(plan.package, binary, 'checkSize')}(JNIEnv* env, jclass) {{",

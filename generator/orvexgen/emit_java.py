@@ -5,6 +5,7 @@ from __future__ import annotations
 import os
 from typing import List, Optional, Sequence, Tuple
 
+from .conversions import JavaContext
 from .plan import ClassPlan, Method
 
 JAVA_BOXED_HASH = {"float": "Float.hashCode(e == 0f ? 0f : e)", "double": "Double.hashCode(e == 0d ? 0d : e)",
@@ -51,80 +52,97 @@ def _native_params(plan: ClassPlan, m: Method) -> str:
     return ", ".join(ps)
 
 
-def _native_args(plan: ClassPlan, m: Method, returned: str = "") -> str:
+def _native_args(plan: ClassPlan, m: Method, extra: Sequence[str] = ()) -> str:
     ps = []
     if m.receiver == "value":
         ps.append("array")
     elif m.receiver == "handle":
-        ps.append("getNativeResourceHandleInternal()")
-    ps += [a.public_expr for a in m.args]
-    if returned:
-        ps.append(returned)
+        ps.append("self")
+    ps += [a.conv.java_pass(a.name) for a in m.args]
+    ps += list(extra)
     return ", ".join(ps)
 
 
-def _new_value(java_type: str, elem: str, length: int) -> str:
-    return f"{java_type}.wrap(new {elem}[{length}])"
+def _guarded_body(plan: ClassPlan, m: Method, inner: List[str]) -> List[str]:
+    """The statements of a public method around its native call: argument
+    checks first, then every object (the receiver first) marked in flight,
+    each released in a finally block in reverse order."""
+    out = []
+    for a in m.args:
+        out += a.conv.java_checks(a.name)
+    brackets = []
+    if m.receiver == "handle":
+        brackets.append((["final long self = com.orvexa.internal.NativeCalls.begin(this, \"this\");"],
+                         ["com.orvexa.internal.NativeCalls.end(this);"]))
+    for a in m.args:
+        begin = a.conv.java_begin(a.name)
+        if begin:
+            brackets.append((begin, a.conv.java_end(a.name)))
+    body = list(inner)
+    for begin, end in reversed(brackets):
+        body = begin + ["try {"] + ["  " + line for line in body] + ["} finally {"] + \
+               ["  " + line for line in end] + ["}"]
+    return ["    " + line for line in out + body]
 
 
 def _public_method(plan: ClassPlan, m: Method) -> List[str]:
     r = m.result
     static = m.receiver == "none"
-    name = m.group
-    this_type = plan.java_simple
-    if r.kind == "self":
-        ret = this_type
-    else:
-        ret = r.public_type
+    ret = plan.java_simple if r.kind == "self" else r.public_type
     mods = f"{m.java_access} {'static ' if static else ''}"
-    out = [f"  {mods}{ret} {name}({_public_params(m)}) {{"]
-    call = f"{m.native_name}({_native_args(plan, m)})"
-    k = r.kind
-    if k == "void":
-        out.append(f"    {call};")
-    elif k == "self":
-        out += [f"    {call};", "    return this;"]
-    elif k in ("prim", "bool", "string", "sotype", "plist", "plist_ptr"):
-        out.append(f"    return {call};")
-    elif k == "enum":
-        out.append(f"    return {r.enum_java}.fromValue({call});")
-    elif k in ("handle", "handle_ref"):
-        out.append(f"    return com.orvexa.internal.ObjectManager.getManagedObject({r.public_type}.class, {call});")
-    elif k == "handle_owned":
-        out.append(f"    return {r.public_type}.fromOwnedHandle({call});")
-    elif k == "value":
-        w = r.value_class
-        out.append(f"    {r.public_type} returnedValue = {_new_value(r.public_type, w.elem, w.length)};")
-        out.append(f"    {m.native_name}({_native_args(plan, m, 'returnedValue.array')});")
-        out.append("    return returnedValue;")
-    elif k == "array":
-        element = r.public_type[:-2]
-        out.append(f"    return {element}.toArray({call}, {m.array_count}());")
-    elif k == "value_ref":
-        w = r.value_class
-        out.append(f"    {r.public_type} returnedValue = {_new_value(r.public_type, w.elem, w.length)};")
-        out.append(f"    {r.public_type}.setValueFromHandle(returnedValue.array, {call});")
-        out.append("    return returnedValue;")
-    else:
-        raise AssertionError(k)
+    out = [f"  {mods}{ret} {m.group}({_public_params(m)}) {{"]
+    ctx = JavaContext(plan.package, plan.java_simple, m.array_count)
+    inner = r.java_result(lambda extra: f"{m.native_name}({_native_args(plan, m, extra)})", ctx)
+    out += _guarded_body(plan, m, inner)
     out.append("  }")
     return out
 
 
 def _constructor(plan: ClassPlan, m: Method) -> List[str]:
+    """A constructor; the checks and brackets of its arguments run in a static
+    method, since `super(...)` must come first."""
     name = plan.java_simple
     out = [f"  public {name}({_public_params(m)}) {{"]
-    args = ", ".join(a.public_expr for a in m.args)
+    params = ", ".join(a.name for a in m.args)
+    native = f"{m.native_name}({', '.join(a.conv.java_pass(a.name) for a in m.args)})"
     if plan.kind == "value":
         w = plan.wrapped
         out.append(f"    this(new {w.elem}[{w.length}], (Void) null);")
-        out.append(f"    {m.native_name}({', '.join(['array'] + [a.public_expr for a in m.args])});")
-    elif plan.kind == "refcounted":
-        out.append(f"    super(new com.orvexa.internal.RefCountedNativeResourceHandle({m.native_name}({args})));")
+        call = f"{m.native_name}({', '.join(['array'] + [a.conv.java_pass(a.name) for a in m.args])});"
+        out += _guarded_body(plan, m, [call])
+        out.append("  }")
+        return out
+    simple = all(not a.conv.java_checks(a.name) and not a.conv.java_begin(a.name) for a in m.args)
+    handle = native if simple else f"{m.native_name}Checked({params})"
+    if plan.kind == "refcounted":
+        out.append(f"    super(new com.orvexa.internal.RefCountedNativeResourceHandle({handle}));")
     else:
-        out.append(f"    super(new NativeResourceHandle({m.native_name}({args})));")
+        out.append(f"    super(new NativeResourceHandle({handle}));")
     out.append("  }")
+    if not simple:
+        out += ["", f"  private static long {m.native_name}Checked({_public_params(m)}) {{"]
+        out += _guarded_body(plan, m, [f"return {native};"])
+        out.append("  }")
     return out
+
+
+def _native_access_registration(plan: ClassPlan) -> List[str]:
+    """Hands the class's package-private raw-address operations to the
+    binding's generated code of other packages."""
+    name = plan.java_simple
+    ops = []
+    if plan.kind == "value":
+        ops += [f"      @Override public {name} copy(long address) {{ return {name}.copy(address); }}",
+                f"      @Override public {name}[] copies(long address, int count) {{ return {name}.copies(address, count); }}"]
+    elif plan.kind == "owned":
+        ops.append(f"      @Override public {name} adopt(long address) {{ return {name}.adopt(address); }}")
+        if plan.to_array:
+            ops.append(f"      @Override public {name}[] copies(long address, int count) "
+                       f"{{ return {name}.copies(address, count); }}")
+    if not ops:
+        return []
+    return [f"    com.orvexa.internal.NativeAccess.register({name}.class, "
+            f"new com.orvexa.internal.NativeAccess.Ops<{name}>() {{"] + ops + ["    });"]
 
 
 def _equals_method(plan: ClassPlan) -> Optional[Method]:
@@ -165,6 +183,7 @@ def _class_lines(plan: ClassPlan, fragments_dir: Optional[str], plans: Sequence[
     lines += ["  static {", "    com.orvexa.orvex.Orvex.init();"]
     if w.kind == "value":
         lines.append("    checkSize();")
+    lines += _native_access_registration(plan)
     lines += ["  }", ""]
 
     if w.kind == "value":
@@ -173,18 +192,23 @@ def _class_lines(plan: ClassPlan, fragments_dir: Optional[str], plans: Sequence[
                       f"  public final {w.elem}[] array;", "",
                       "  /** Adopts {@code storage} (of the right length) as this value's array. */",
                       f"  protected {name}({w.elem}[] storage, Void adopt) {{",
+                      "    if (storage == null) throw com.orvexa.internal.NativeCalls.nullArgument(\"storage\");",
+                      f"    if (storage.length != {w.length}) "
+                      f"throw com.orvexa.internal.NativeCalls.wrongLength(\"storage\", {w.length}, storage.length);",
                       "    this.array = storage;", "  }", ""]
         else:
             lines += [f"  protected {name}({w.elem}[] storage, Void adopt) {{",
                       "    super(storage, adopt);", "  }", ""]
         lines += ["  /** A value viewing {@code storage}, which must hold exactly one value. */",
                   f"  public static {name} wrap({w.elem}[] storage) {{",
-                  f"    if (storage.length != {w.length}) {{",
-                  f'      throw new IllegalArgumentException("{name} needs {w.length} elements, not " + storage.length);',
-                  "    }",
                   f"    return new {name}(storage, null);", "  }", "",
-                  f"  /** {w.length}-element copies of {{@code count}} contiguous native values at {{@code address}}. */",
-                  f"  public static {name}[] toArray(long address, int count) {{",
+                  f"  /** A new value holding a copy of the toolkit value at {{@code address}}. */",
+                  f"  static {name} copy(long address) {{",
+                  f"    {name} value = wrap(new {w.elem}[{w.length}]);",
+                  "    setValueFromHandle(value.array, address);",
+                  "    return value;", "  }", "",
+                  f"  /** Copies of {{@code count}} contiguous native values at {{@code address}}. */",
+                  f"  static {name}[] copies(long address, int count) {{",
                   f"    {name}[] values = new {name}[count];",
                   f"    for (int i = 0; i < count; i++) values[i] = wrap(new {w.elem}[{w.length}]);",
                   "    toArrayImpl(values, address);",
@@ -193,13 +217,13 @@ def _class_lines(plan: ClassPlan, fragments_dir: Optional[str], plans: Sequence[
         lines += [f"  protected {name}(com.orvexa.internal.NativeResourceHandle handle) {{",
                   "    super(handle);", "  }", ""]
         if w.kind == "owned":
-            lines += ["  /** Wraps a native object that Java now owns (released with this wrapper). */",
-                      f"  public static {name} fromOwnedHandle(long address) {{",
+            lines += ["  /** Wraps a native object that Java now owns (released with this wrapper); null for 0. */",
+                      f"  static {name} adopt(long address) {{",
                       f"    return address == 0L ? null : new {name}(new NativeResourceHandle(address));", "  }", ""]
         if plan.to_array:
             ctor = plan.default_ctor().native_name
             lines += [f"  /** Copies of {{@code count}} contiguous native objects at {{@code address}}, owned by Java. */",
-                      f"  public static {name}[] toArray(long address, int count) {{",
+                      f"  static {name}[] copies(long address, int count) {{",
                       f"    {name}[] objects = new {name}[count];",
                       f"    for (int i = 0; i < count; i++) objects[i] = new {name}(new NativeResourceHandle({ctor}()));",
                       "    toArrayImpl(objects, address);",
@@ -241,13 +265,21 @@ def _class_lines(plan: ClassPlan, fragments_dir: Optional[str], plans: Sequence[
             lines += _public_method(plan, m) + [""]
 
     if eq is not None:
-        other = "((" + name + ") o)." + ("array" if w.kind == "value" else "getNativeResourceHandleInternal()")
         lines += ["  /** Equality as the toolkit's {@code operator==} defines it. */",
                   "  @Override", "  public boolean equals(Object o) {",
                   "    if (this == o) return true;",
-                  "    if (o == null || o.getClass() != getClass()) return false;",
-                  f"    return {eq.native_name}({'array' if w.kind == 'value' else 'getNativeResourceHandleInternal()'}, "
-                  f"{other});", "  }", ""]
+                  "    if (o == null || o.getClass() != getClass()) return false;"]
+        if w.kind == "value":
+            lines += [f"    return {eq.native_name}(array, (({name}) o).array);", "  }", ""]
+        else:
+            lines += [f"    {name} other = ({name}) o;",
+                      "    final long self = com.orvexa.internal.NativeCalls.begin(this, \"this\");",
+                      "    try {",
+                      "      final long otherHandle = com.orvexa.internal.NativeCalls.begin(other, \"o\");",
+                      "      try {",
+                      f"        return {eq.native_name}(self, otherHandle);",
+                      "      } finally {", "        com.orvexa.internal.NativeCalls.end(other);", "      }",
+                      "    } finally {", "      com.orvexa.internal.NativeCalls.end(this);", "    }", "  }", ""]
     if w.kind == "value" and plan.base_wrapped is None:
         if eq is None:
             lines += ["  @Override", "  public boolean equals(Object o) {",
@@ -273,24 +305,24 @@ def _class_lines(plan: ClassPlan, fragments_dir: Optional[str], plans: Sequence[
     if w.kind == "value":
         lines += ["  private static native void checkSize();", "",
                   f"  /** Copies the toolkit value at {{@code address}} into {{@code array}}. */",
-                  f"  public static native void setValueFromHandle({w.elem}[] array, long address);", "",
+                  f"  static native void setValueFromHandle({w.elem}[] array, long address);", "",
                   f"  /** Fills already constructed values from contiguous native values at {{@code address}}. */",
-                  f"  public static native void toArrayImpl({name}[] objects, long address);", ""]
+                  f"  static native void toArrayImpl({name}[] objects, long address);", ""]
     if plan.to_array:
         lines += [f"  /** Assigns the native objects at {{@code address}} to those of {{@code objects}}, in order. */",
-                  f"  public static native void toArrayImpl({name}[] objects, long address);", ""]
+                  f"  static native void toArrayImpl({name}[] objects, long address);", ""]
     if plan.class_type_id:
         lines += ["  /** The name of the toolkit type of this class. */",
                   "  public static native String getClassTypeId();", ""]
     for m in plan.wrapped_methods():
-        ret = m.result.java_type
+        ret = "void" if m.result.kind == "value" else m.result.java_type
         if m.is_ctor:
             ret = "void" if w.kind == "value" else "long"
         lines.append(f"  static native {ret} {m.native_name}({_native_params(plan, m)});")
     if w.kind == "owned":
         lines += ["", "  /** Releases the native object with the class's deleteNativeHandleImpl. */",
-                  "  public static class NativeResourceHandle extends com.orvexa.internal.NativeResourceHandle {",
-                  "    public NativeResourceHandle(long address) {", "      super(address);", "    }", "",
+                  "  public static final class NativeResourceHandle extends com.orvexa.internal.NativeResourceHandle {",
+                  "    NativeResourceHandle(long address) {", "      super(address);", "    }", "",
                   "    @Override", "    protected void releaseNative(long address) {",
                   "      deleteNativeHandleImpl(address);", "    }", "",
                   "    private static native void deleteNativeHandleImpl(long address);", "  }"]

@@ -3,14 +3,15 @@ their numbers, conversions and guards."""
 from __future__ import annotations
 
 from dataclasses import dataclass, field
+import re
 from typing import Dict, List, Optional
 
 from . import cparse
 from .cmodel import CClass, CFunction, CType
 from .naming import java_package
 from .rules import PackageRules
-from .types import (JAVA_ELEM_BYTES, PRIM_JAVA, READ_ONLY, READ_WRITE, Arg, Result, TypeContext, Unsupported,
-                    WrappedClass)
+from .conversions import Conversion, Void
+from .types import JAVA_ELEM_BYTES, PRIM_JAVA, READ_ONLY, READ_WRITE, TypeContext, Unsupported, WrappedClass
 
 BINARY_OPERATORS = {"+=", "-=", "*=", "/=", "==", "+", "-", "*", "/"}
 
@@ -20,14 +21,33 @@ class PlanError(RuntimeError):
 
 
 @dataclass
+class Param:
+    """One parameter of a wrapped member: its name in both halves and its conversion."""
+    name: str
+    conv: Conversion
+
+    @property
+    def java_type(self) -> str:
+        return self.conv.java_type
+
+    @property
+    def public_type(self) -> str:
+        return self.conv.public_type
+
+    @property
+    def jni_type(self) -> str:
+        return self.conv.jni_type
+
+
+@dataclass
 class Method:
     group: str                # Java public name (before Impl)
     index: int
     cfunc: CFunction
     native_name: str = ""
     receiver: str = "none"    # none | value | handle
-    args: List[Arg] = field(default_factory=list)
-    result: Result = field(default_factory=lambda: Result("void"))
+    args: List[Param] = field(default_factory=list)
+    result: Conversion = field(default_factory=Void)
     guard: str = ""           # "" | overridable | protected
     is_ctor: bool = False
     java_access: str = "public"
@@ -100,7 +120,7 @@ def _value_elem(classes: Dict[str, CClass], name: str) -> str:
         if t.kind == "array":
             walk(t.inner)
         elif t.kind == "prim":
-            found.add(PRIM_JAVA[t.name][0])
+            found.add(PRIM_JAVA[t.name])
         elif t.kind == "class" and t.name in classes:
             for ft in classes[t.name].field_types:
                 walk(ft)
@@ -226,10 +246,10 @@ def plan_class(name: str, classes: Dict[str, CClass], wrapped: Dict[str, Wrapped
             m.operator = f.name[len("operator"):].strip()
         base = "ctorImpl" if f.is_ctor else f"{group}Impl"
         m.native_name = base + (str(index) if index else "")
-        key = f"{group}:{index}"
-        if key in crules.java_side:
+        sig = f.signature
+        if sig in crules.java_side:
             m.skipped = "implemented on the Java side"
-        elif f.name in rules.exclude or f.name in crules.exclude:
+        elif f.name in rules.exclude or f.name in crules.exclude or sig in crules.exclude:
             m.skipped = "excluded by the rules"
         elif f.is_ctor and cls.is_abstract:
             m.skipped = "abstract class"
@@ -241,33 +261,31 @@ def plan_class(name: str, classes: Dict[str, CClass], wrapped: Dict[str, Wrapped
             except Unsupported as e:
                 m.skipped = str(e)
         plan.methods.append(m)
-    unknown = crules.java_side - {f"{m.group}:{m.index}" for m in plan.methods}
-    if unknown:
-        raise PlanError(f"{name}: java_side names no overload: {sorted(unknown)}")
+    _check_rules_name_members(plan, crules, rules)
     _check_array_counts(plan, crules)
     return plan
 
 
-def _array_result(m: Method, ctx: TypeContext, count: str) -> Result:
-    """A member returning a pointer to `count()` contiguous objects: the entry
-    point returns the address, and the Java method the element class's
-    toArray(address, count) copies."""
-    t = m.cfunc.result
-    target = t.inner if t.kind == "ptr" else None
-    if target is None or target.kind != "class" or target.name not in ctx.wrapped:
-        raise PlanError(f"{m.cfunc.name}: an array result must point to objects of a wrapped class, "
-                        f"not {t.spelling}")
-    w = ctx.wrapped[target.name]
-    if w.kind == "refcounted":
-        raise PlanError(f"{m.cfunc.name}: reference-counted objects are not copied into arrays")
-    jt = ctx.java_name(w)
-    r = Result("array", "long", "jlong", jt + "[]", cpp_class=target.name)
-    if w.kind == "value":
-        r.value_class = w
-    else:
-        r.handle_class = w
-    m.array_count = count
-    return r
+def _check_rules_name_members(plan: ClassPlan, crules, rules: PackageRules) -> None:
+    """Every member a rule names must exist: a rule naming nothing is an error
+    (a renamed or removed member would otherwise silently change the binding)."""
+    signatures = {m.cfunc.signature for m in plan.methods}
+    names = {m.cfunc.name for m in plan.methods}
+    problems = []
+    for key, what in (("java_side", crules.java_side), ("nullable", set(crules.nullable)),
+                      ("array_lengths", set(crules.array_lengths))):
+        problems += [f"{key} names no member {s!r}" for s in sorted(what - signatures)]
+    problems += [f"exclude names no member {s!r}" for s in sorted(crules.exclude - signatures - names)]
+    by_sig = {m.cfunc.signature: m.cfunc for m in plan.methods}
+    for sig, params in crules.nullable.items():
+        known = {p.name for p in by_sig[sig].params} if sig in by_sig else set()
+        problems += [f"nullable: {sig} has no parameter {p!r}" for p in params if sig in by_sig and p not in known]
+    for sig, lengths in crules.array_lengths.items():
+        known = {p.name for p in by_sig[sig].params} if sig in by_sig else set()
+        problems += [f"array_lengths: {sig} has no parameter {p!r}" for p in lengths if sig in by_sig and p not in known]
+    if problems:
+        raise PlanError(f"{plan.rules.path}: class {plan.name}: " + "; ".join(problems) +
+                        f". Members: {sorted(signatures)}")
 
 
 def _check_array_counts(plan: ClassPlan, crules) -> None:
@@ -302,6 +320,7 @@ def mark_array_elements(plans: List[ClassPlan]) -> None:
 def _convert(m: Method, plan: ClassPlan, ctx: TypeContext, rules: PackageRules) -> None:
     f = m.cfunc
     kind = plan.kind
+    crules = rules.for_class(plan.name)
     params = list(f.params)
     if f.is_ctor:
         m.receiver = "value" if kind == "value" else "none"
@@ -312,24 +331,42 @@ def _convert(m: Method, plan: ClassPlan, ctx: TypeContext, rules: PackageRules) 
         m.receiver = "none"
     else:
         m.receiver = "value" if kind == "value" else "handle"
-    mode = READ_ONLY if m.group in rules.read_only else READ_WRITE
+    mode = READ_WRITE if m.group in rules.read_write else READ_ONLY
+    nullable = set(crules.nullable.get(f.signature, []))
+    lengths = crules.array_lengths.get(f.signature, {})
     names = []
     for i, p in enumerate(params):
         pname = p.name if p.name and p.name not in names else f"arg{i}"
-        if pname in ("env", "clazz", "nativeObject", "returnedValue", "self", "result", "array"):
+        if pname in RESERVED_NAMES:
             pname += "Arg"
         names.append(pname)
+    # Array lengths are Java expressions over the Java parameter names.
+    renamed = {p.name: n for p, n in zip(params, names)}
     for i, p in enumerate(params):
+        if f.is_variadic and i == len(params) - 1 and ctx.arg(p.type, mode).kind == "string":
+            m.args.append(Param(names[i], ctx.format()))
+            continue
         count = _buffer_count(params, i)
         if count is not None:
-            m.args.append(ctx.int_buffer(names[i], names[count]))
-        else:
-            m.args.append(ctx.arg(names[i], p.type, mode))
-    array_results = rules.for_class(plan.name).array_results
+            m.args.append(Param(names[i], ctx.int_buffer(names[count])))
+            continue
+        length = lengths.get(p.name)
+        if length is not None:
+            for old, new in renamed.items():
+                length = re.sub(rf"\b{re.escape(old)}\b", new, length)
+        conv = ctx.arg(p.type, mode, nullable=p.name in nullable or p.null_default, length=length)
+        m.args.append(Param(names[i], conv))
+    if f.is_variadic and not any(a.conv.kind == "format" for a in m.args):
+        raise Unsupported("variadic member without a format string")
+    array_results = crules.array_results
     if f.is_ctor:
         pass   # constructors return the new handle (or fill the receiver's array): no result conversion
     elif f.name in array_results:
-        m.result = _array_result(m, ctx, array_results[f.name])
+        try:
+            m.result = ctx.array_result(f.result)
+        except Unsupported as e:
+            raise PlanError(f"{plan.name}: array_results: {f.name}: {e}") from e
+        m.array_count = array_results[f.name]
     else:
         m.result = ctx.result(f.result, plan.name, m.receiver)
         if m.operator and m.result.kind not in ("void", "self", "bool", "value", "prim", "handle_owned"):
@@ -339,6 +376,10 @@ def _convert(m: Method, plan: ClassPlan, ctx: TypeContext, rules: PackageRules) 
     if f.access == "protected":
         m.guard = "protected"
         m.java_access = "protected"
+
+
+# Parameter names the generated code uses itself.
+RESERVED_NAMES = {"env", "clazz", "nativeObject", "returnedValue", "self", "result", "array", "i"}
 
 
 def _is_int_out(t: CType) -> bool:

@@ -6,10 +6,21 @@ Keys (all optional):
   extensible         classes that Java may subclass (guards are generated)
   exclude            member names never wrapped (every class)
   operators          table: C++ operator -> Java method name
-  read_only          Java method names whose value operands are pinned READ_ONLY
+  read_write         Java method names whose const value operands are pinned
+                     READ_WRITE (copied back although only read); every other
+                     const operand is pinned READ_ONLY
   [class.<Name>]
-    java_side        overloads the Java side implements: "name:index" or "ctor:index"
-    exclude          member names of this class never wrapped
+    Members are named by their signature as the headers spell it, parameter
+    types only: "setValue(const float[3])", "getValue(float&, float&) const";
+    constructors by the class name: "SbVec3f(float, float, float)".
+    java_side        overloads the Java side implements (signatures)
+    exclude          members of this class never wrapped (names: every
+                     overload; or signatures)
+    nullable         table: signature -> parameters that accept null (pointer
+                     parameters whose default is null accept it anyway)
+    array_lengths    table: signature -> { parameter = Java expression over
+                     the other parameters }: how many elements a pointer to
+                     an array holds (values, for arrays of value types)
     reserve          table: name -> how many numbers come before the class's
                      own overloads of that name (numbers owned by the Java side)
     assumed_bytes    byte size the Java class assumes (checks only; defaults to
@@ -28,11 +39,15 @@ import tomllib
 from dataclasses import dataclass, field
 from typing import Dict, List, Set
 
+from .cmodel import normalize_signature
+
 
 @dataclass
 class ClassRules:
     java_side: Set[str] = field(default_factory=set)
     exclude: Set[str] = field(default_factory=set)
+    nullable: Dict[str, List[str]] = field(default_factory=dict)
+    array_lengths: Dict[str, Dict[str, str]] = field(default_factory=dict)
     reserve: Dict[str, int] = field(default_factory=dict)
     assumed_bytes: int = 0
     array_results: Dict[str, str] = field(default_factory=dict)
@@ -47,15 +62,15 @@ class PackageRules:
     extensible: Set[str] = field(default_factory=set)
     exclude: Set[str] = field(default_factory=set)
     operators: Dict[str, str] = field(default_factory=dict)
-    read_only: Set[str] = field(default_factory=set)
+    read_write: Set[str] = field(default_factory=set)
     per_class: Dict[str, ClassRules] = field(default_factory=dict)
 
     def for_class(self, name: str) -> ClassRules:
         return self.per_class.get(name, ClassRules())
 
 
-_TOP = {"classes", "value", "extensible", "exclude", "operators", "read_only", "class"}
-_CLASS = {"java_side", "exclude", "reserve", "assumed_bytes", "array_results"}
+_TOP = {"classes", "value", "extensible", "exclude", "operators", "read_write", "class"}
+_CLASS = {"java_side", "exclude", "reserve", "assumed_bytes", "array_results", "nullable", "array_lengths"}
 
 
 def load(path: str) -> PackageRules:
@@ -74,16 +89,21 @@ def load(path: str) -> PackageRules:
     bad = [k for k, v in r.operators.items() if not isinstance(v, str) or k.isidentifier()]
     if bad:
         raise ValueError(f"{path}: [operators] maps operator symbols to Java names; not operators: {bad}")
-    r.read_only = set(data.get("read_only", []))
+    r.read_write = set(data.get("read_write", []))
     for name, c in data.get("class", {}).items():
         unknown = set(c) - _CLASS
         if unknown:
             raise ValueError(f"{path}: class {name}: unknown keys {sorted(unknown)}")
         if name not in r.classes:
             raise ValueError(f"{path}: rules for {name}, which is not in 'classes'")
-        r.per_class[name] = ClassRules(set(c.get("java_side", [])), set(c.get("exclude", [])),
-                                       dict(c.get("reserve", {})), int(c.get("assumed_bytes", 0)),
-                                       dict(c.get("array_results", {})))
+        sig = normalize_signature
+        r.per_class[name] = ClassRules(
+            java_side={sig(x) for x in c.get("java_side", [])},
+            exclude={sig(x) for x in c.get("exclude", [])},
+            nullable={sig(k): list(v) for k, v in c.get("nullable", {}).items()},
+            array_lengths={sig(k): dict(v) for k, v in c.get("array_lengths", {}).items()},
+            reserve=dict(c.get("reserve", {})), assumed_bytes=int(c.get("assumed_bytes", 0)),
+            array_results=dict(c.get("array_results", {})))
     for v in r.value | r.extensible:
         if v not in r.classes:
             raise ValueError(f"{path}: {v} is listed but not in 'classes'")

@@ -231,11 +231,54 @@ class FixtureJava(unittest.TestCase):
         self.assertIn("public final float[] array;", j)
         self.assertIn("static native void addImpl(float[] nativeObject, float[] o);", j)
         self.assertIn("public ProbeValue add(ProbeValue o) {", j)
-        self.assertIn("public static native void toArrayImpl(ProbeValue[] objects, long address);", j)
-        self.assertIn("public static native void setValueFromHandle(float[] array, long address);", j)
+        # Members that take raw addresses are package-private, reached from
+        # other packages only through the internal registry.
+        self.assertIn("\n  static native void toArrayImpl(ProbeValue[] objects, long address);", j)
+        self.assertIn("\n  static native void setValueFromHandle(float[] array, long address);", j)
+        self.assertIn("\n  static ProbeValue copy(long address) {", j)
+        self.assertIn("\n  static ProbeValue[] copies(long address, int count) {", j)
+        self.assertIn("com.orvexa.internal.NativeAccess.register(ProbeValue.class", j)
+        self.assertNotRegex(j, r"(?m)^ *public[^\n(]*\(long address")
+        # A value result is written into the returned array: the native method returns nothing.
+        self.assertIn("static native void timesImpl(float[] nativeObject, float s, float[] returnedValue);", j)
         self.assertIn("checkSize();", j)
         self.assertIn("public boolean equals(Object o) {", j)
         self.assertIn("public int hashCode() {", j)
+
+    def method(self, cls, signature):
+        text = self.java[cls]
+        start = text.index(signature)
+        return text[start:text.index("\n  }\n", start)]
+
+    def test_arguments_are_checked_before_the_native_call(self):
+        # Null value operands, enums and strings name their parameter; primitive
+        # arrays must have their length; out-parameters at least one element.
+        add = self.method("ProbeValue", "public ProbeValue add(ProbeValue o) {")
+        self.assertIn('if (o == null) throw com.orvexa.internal.NativeCalls.nullArgument("o");', add)
+        self.assertLess(add.index("nullArgument"), add.index("addImpl("))
+        ctor = self.method("ProbeValue", "public ProbeValue(float[] v) {")
+        self.assertIn('if (v.length != 2) throw com.orvexa.internal.NativeCalls.wrongLength("v", 2, v.length);', ctor)
+        get = self.method("ProbeValue", "public void get(float[] a, float[] b) {")
+        self.assertIn('if (b.length < 1) throw com.orvexa.internal.NativeCalls.tooShort("b", 1, b.length);', get)
+        mode = self.method("GuardProbe", "public void setMode(GuardProbe.Mode mode) {")
+        self.assertIn('if (mode == null) throw com.orvexa.internal.NativeCalls.nullArgument("mode");', mode)
+
+    def test_value_storage_is_checked_by_construction(self):
+        j = self.java["ProbeValue"]
+        ctor = self.method("ProbeValue", "protected ProbeValue(float[] storage, Void adopt) {")
+        self.assertIn('if (storage.length != 2) throw com.orvexa.internal.NativeCalls.wrongLength("storage", 2,', ctor)
+        self.assertIn("return new ProbeValue(storage, null);", j)
+
+    def test_objects_are_marked_in_flight_around_the_native_call(self):
+        add = self.method("ProbeNest", "public void addItem(ProbeNest.Item item) {")
+        order = [add.index(x) for x in (
+            'final long self = com.orvexa.internal.NativeCalls.begin(this, "this");',
+            'final long itemHandle = com.orvexa.internal.NativeCalls.begin(item, "item");',
+            "addItemImpl(self, itemHandle);",
+            "com.orvexa.internal.NativeCalls.end(item);",
+            "com.orvexa.internal.NativeCalls.end(this);")]
+        self.assertEqual(order, sorted(order))
+        self.assertEqual(add.count("} finally {"), 2)
 
     def test_fragment_is_spliced(self):
         self.assertIn("public ProbeValue setValue(float[] v) {", self.java["ProbeValue"])
@@ -249,13 +292,16 @@ class FixtureJava(unittest.TestCase):
         self.assertIn("public enum Mode {", j)
         self.assertIn("LOUD_MODE(value(Mode::getLOUD_MODE))", j)
         self.assertIn("public GuardProbe.Mode getMode() {", j)
-        self.assertIn("setModeImpl(getNativeResourceHandleInternal(), mode.getValue());", j)
+        self.assertIn("setModeImpl(self, mode.getValue());", j)
+        self.assertIn("\n  static GuardProbe adopt(long address) {", j)
+        self.assertNotRegex(j, r"(?m)^ *public[^\n(]*\(long address")
 
     def test_nested_classes_are_static_members_of_their_enclosing_class(self):
         j = self.java["ProbeNest"]
         self.assertIn("\n  public static class Item extends com.orvexa.orvex.Orvex {\n", j)
         self.assertIn("\n  public static class Span {\n", j)
-        self.assertIn("\n    public static class NativeResourceHandle extends com.orvexa.internal.NativeResourceHandle {", j)
+        self.assertIn("\n    public static final class NativeResourceHandle extends com.orvexa.internal.NativeResourceHandle {"
+                      "\n      NativeResourceHandle(long address) {", j)
         self.assertIn("\n      private static native int getDEEP_BLUE();\n", j)
         self.assertIn("\n      RED(value(Color::getRED)),\n      DEEP_BLUE(value(Color::getDEEP_BLUE));\n", j)
         self.assertIn("public ProbeNest.Item.Color getColor() {", j)
@@ -266,15 +312,20 @@ class FixtureJava(unittest.TestCase):
 
     def test_array_results_become_arrays_of_copies(self):
         j = self.java["ProbeNest"]
-        self.assertIn("public ProbeNest.Item[] getItems() {\n"
-                      "    return ProbeNest.Item.toArray(getItemsImpl(getNativeResourceHandleInternal()), getNumItems());",
-                      j)
-        self.assertIn("return ProbeNest.Span.toArray(getSpansImpl(getNativeResourceHandleInternal()), getNumSpans());", j)
+        self.assertIn("return ProbeNest.Item.copies(getItemsImpl(self), getNumItems());", j)
+        self.assertIn("return ProbeNest.Span.copies(getSpansImpl(self), getNumSpans());", j)
         self.assertIn("static native long getItemsImpl(long nativeObject);", j)
-        self.assertIn("public static Item[] toArray(long address, int count) {", j)
+        self.assertIn("\n    static Item[] copies(long address, int count) {", j)
         self.assertIn("objects[i] = new Item(new NativeResourceHandle(ctorImpl()));", j)
-        self.assertIn("public static native void toArrayImpl(Item[] objects, long address);", j)
+        self.assertIn("\n    static native void toArrayImpl(Item[] objects, long address);", j)
         self.assertNotIn("toArray", self.java["GuardProbe"])
+
+    def test_counted_arrays_must_hold_their_count(self):
+        j = self.java["ProbeList"]
+        self.assertIn('if ((long) probes.length < (long) (count)) '
+                      'throw com.orvexa.internal.NativeCalls.tooShort("probes", count, probes.length);', j)
+        self.assertIn('if (words[i] == null) throw com.orvexa.internal.NativeCalls.nullArgument("words[" + i + "]");', j)
+        self.assertIn("final long[] probesHandles = com.orvexa.internal.NativeCalls.beginAll(probes);", j)
 
 
 class Determinism(unittest.TestCase):
@@ -311,7 +362,7 @@ class Rules(unittest.TestCase):
     def test_operator_table_must_name_operators(self):
         with tempfile.TemporaryDirectory() as d:
             with self.assertRaises(ValueError):
-                rules_mod.load(self.write(d, 'classes = []\n[operators]\n"+=" = "add"\nread_only = ["equals"]\n'))
+                rules_mod.load(self.write(d, 'classes = []\n[operators]\n"+=" = "add"\nread_write = ["equals"]\n'))
 
     def plan_error(self, rules_text):
         with tempfile.TemporaryDirectory() as d:
@@ -333,11 +384,11 @@ class Rules(unittest.TestCase):
         # The element class needs a constructor Java can call to make the copies.
         self.assertIn("need a wrapped constructor without arguments",
                       self.plan_error(nest + 'array_results = { getItems = "getNumItems" }\n'
-                                      '[class."ProbeNest::Item"]\njava_side = ["ctor:0"]\n'))
+                                      '[class."ProbeNest::Item"]\njava_side = ["Item()"]\n'))
 
     def test_java_side_must_name_an_overload(self):
         with tempfile.TemporaryDirectory() as d:
-            self.write(d, 'classes = ["GuardProbe"]\n[class.GuardProbe]\njava_side = ["describe:5"]\n')
+            self.write(d, 'classes = ["GuardProbe"]\n[class.GuardProbe]\njava_side = ["describe(int)"]\n')
             with self.assertRaises(planner.PlanError):
                 main.build_plans(os.path.join(FIXTURES, "include"), d, [TOOLKIT_INCLUDE])
 

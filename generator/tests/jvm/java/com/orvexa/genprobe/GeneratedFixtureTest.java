@@ -47,7 +47,7 @@ class GeneratedFixtureTest {
 
     @Test
     void javaExtendedObjectGetsTheBaseImplementationNotItsOverride() {
-      GuardProbe custom = GuardProbe.fromOwnedHandle(GenProbeSupport.makeCustom());
+      GuardProbe custom = GuardProbe.adopt(GenProbeSupport.makeCustom());
       assertEquals("base", custom.describe());
     }
 
@@ -59,7 +59,7 @@ class GeneratedFixtureTest {
 
     @Test
     void protectedMemberAllowedOnJavaExtendedObjects() throws Exception {
-      GuardProbe custom = GuardProbe.fromOwnedHandle(GenProbeSupport.makeCustom());
+      GuardProbe custom = GuardProbe.adopt(GenProbeSupport.makeCustom());
       assertEquals(21, callSecret(custom, 3));
     }
 

@@ -276,7 +276,7 @@ class GeneratedValueTypesTest {
       ByteBuffer memory = ByteBuffer.allocateDirect(6 * 4).order(ByteOrder.nativeOrder());
       for (int i = 0; i < 6; i++) memory.putFloat(4 * i, i + 0.5f);
       long address = GenProbeSupport.addressOf(memory);
-      SbVec3f[] values = SbVec3f.toArray(address, 2);
+      SbVec3f[] values = SbVec3f.copies(address, 2);
       assertVec(values[0], 0.5f, 1.5f, 2.5f);
       assertVec(values[1], 3.5f, 4.5f, 5.5f);
       SbVec3f v = new SbVec3f();
@@ -291,7 +291,7 @@ class GeneratedValueTypesTest {
       assertVec(values[0], 7, 8, 9);
       SbVec3f.toArrayImpl(new SbVec3f[0], 12345L);  // no elements: the address is never read
       SbVec3f.toArrayImpl(null, 12345L);
-      assertEquals(0, SbVec3f.toArray(0L, 0).length);
+      assertEquals(0, SbVec3f.copies(0L, 0).length);
     }
   }
 }

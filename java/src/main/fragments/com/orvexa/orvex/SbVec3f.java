@@ -3,7 +3,7 @@
     this(new float[3], (Void) null);
   }
 
-  /** A vector with the first three elements of {@code v}. */
+  /** A vector with the three elements of {@code v}. */
   public SbVec3f(float[] v) {
     this();
     setValue(v);
@@ -14,8 +14,10 @@
     setValue(x, y, z);
   }
 
-  /** Copies the first three elements of {@code v}. */
+  /** Copies the three elements of {@code v}. */
   public SbVec3f setValue(float[] v) {
+    if (v == null) throw com.orvexa.internal.NativeCalls.nullArgument("v");
+    if (v.length != 3) throw com.orvexa.internal.NativeCalls.wrongLength("v", 3, v.length);
     System.arraycopy(v, 0, array, 0, 3);
     return this;
   }

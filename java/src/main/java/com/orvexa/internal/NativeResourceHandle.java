@@ -1,7 +1,7 @@
 package com.orvexa.internal;
 
 import java.lang.ref.Cleaner;
-import java.util.concurrent.atomic.AtomicLong;
+import java.util.concurrent.atomic.AtomicInteger;
 
 /**
  * The native handle of a wrapper: the address of its native object plus the
@@ -10,6 +10,15 @@ import java.util.concurrent.atomic.AtomicLong;
  * adopted the handle becomes unreachable. A handle therefore must never refer
  * back to its wrapper.
  *
+ * <h2>Calls in flight</h2>
+ * Every call that hands the address to native code brackets the native call
+ * with {@link #acquire()} and {@link #endUse()}. A release requested while
+ * calls are in flight (an explicit {@code dispose()} on another thread, or
+ * the {@code Cleaner} of a wrapper that the JIT already considers dead while
+ * its method still runs) only marks the handle; the last call to finish
+ * frees the native object. A call that starts after the release request
+ * fails with {@link IllegalStateException} instead of reaching freed memory.
+ *
  * <p>Generated classes of plain owned objects declare a nested
  * {@code NativeResourceHandle} subclass whose {@link #releaseNative(long)}
  * calls the class's native {@code deleteNativeHandleImpl(long)}.
@@ -17,30 +26,55 @@ import java.util.concurrent.atomic.AtomicLong;
 public abstract class NativeResourceHandle {
   private static final Cleaner CLEANER = Cleaner.create();
 
-  private final AtomicLong address;
+  /** Sign bit of {@link #state}: release requested. The other bits count the calls in flight. */
+  private static final int RELEASE_REQUESTED = Integer.MIN_VALUE;
+
+  private final long address;
+  private final AtomicInteger state = new AtomicInteger();
   private volatile Cleaner.Cleanable cleanable;
 
   protected NativeResourceHandle(long address) {
-    this.address = new AtomicLong(address);
+    this.address = address;
   }
 
-  /** The native address; 0 once released. */
+  /** The native address; 0 once a release has been requested. */
   public final long getAddress() {
-    return address.get();
+    return state.get() < 0 ? 0L : address;
   }
 
-  /** True once the native object has been released through this handle. */
+  /** True once the native object has been released, or its release requested, through this handle. */
   public final boolean isReleased() {
-    return address.get() == 0L;
+    return state.get() < 0;
   }
 
-  /** Releases the native object now; later calls do nothing. */
+  /**
+   * Starts a call on the native object and returns its address, which stays
+   * valid until the matching {@link #endUse()}.
+   *
+   * @throws IllegalStateException when the object has been released (disposed)
+   */
+  public final long acquire() {
+    if (address == 0L) throw new IllegalStateException("the wrapper has no native object");
+    for (;;) {
+      int s = state.get();
+      if (s < 0) throw new IllegalStateException("the native object has been released (disposed)");
+      if (s == Integer.MAX_VALUE) throw new IllegalStateException("too many calls in flight");
+      if (state.compareAndSet(s, s + 1)) return address;
+    }
+  }
+
+  /** Ends a call started by {@link #acquire()}; frees the object if its release was requested meanwhile. */
+  public final void endUse() {
+    if (state.decrementAndGet() == RELEASE_REQUESTED) releaseNative(address);
+  }
+
+  /** Releases the native object now, or once the calls in flight end; later calls do nothing. */
   public final void release() {
     Cleaner.Cleanable c = cleanable;
     if (c != null) {
-      c.clean();  // runs releaseOnce() at most once, and deregisters it
+      c.clean();  // runs requestRelease() at most once, and deregisters it
     } else {
-      releaseOnce();
+      requestRelease();
     }
   }
 
@@ -56,9 +90,15 @@ public abstract class NativeResourceHandle {
   /** Releases the native object at {@code address} (never 0). Runs at most once. */
   protected abstract void releaseNative(long address);
 
-  private void releaseOnce() {
-    long a = address.getAndSet(0L);
-    if (a != 0L) releaseNative(a);
+  private void requestRelease() {
+    for (;;) {
+      int s = state.get();
+      if (s < 0) return;
+      if (state.compareAndSet(s, s | RELEASE_REQUESTED)) {
+        if (s == 0 && address != 0L) releaseNative(address);
+        return;
+      }
+    }
   }
 
   /** A handle for a native object that the toolkit owns: releasing it does nothing. */
@@ -76,7 +116,7 @@ public abstract class NativeResourceHandle {
 
     @Override
     public void run() {
-      handle.releaseOnce();
+      handle.requestRelease();
     }
   }
 

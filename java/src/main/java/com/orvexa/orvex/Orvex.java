@@ -43,6 +43,20 @@ import java.util.function.Consumer;
  * {@code public SoSeparator() { super(new RefCountedNativeResourceHandle(ctorImpl())); }}.
  * Adopting a handle registers the wrapper with the {@link ObjectManager}, so
  * that native code handing the same address back to Java gets this object.
+ *
+ * <h2>Threads and lifetime</h2>
+ * A wrapper may be used from any thread, but it adds no locking of its own:
+ * calls on one native object from several threads at once are safe exactly
+ * when the toolkit says so for that object (value types, being Java arrays,
+ * follow the usual rules for unsynchronised Java state). What the wrapper does
+ * guarantee is memory safety of its lifetime: every method that reaches the
+ * native object marks a call in flight for the duration of the native call, so
+ * neither {@link #dispose()} on another thread nor the garbage collector's
+ * clean-up frees the object under a running call; the object is freed when
+ * the last such call returns. A method called after {@code dispose()} throws
+ * {@link IllegalStateException}; a {@code null} argument that the toolkit does
+ * not accept throws {@link NullPointerException} naming the parameter, and a
+ * primitive array of the wrong length {@link IllegalArgumentException}.
  */
 public class Orvex {
   // A lambda, not System.err::println, which would bind the stream of class

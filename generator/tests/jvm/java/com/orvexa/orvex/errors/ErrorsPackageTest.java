@@ -214,7 +214,7 @@ class ErrorsPackageTest {
     SoErrorStack.StackFrame.toArrayImpl(new SoErrorStack.StackFrame[0], 0x1000L);
     SoErrorStack.StackFrame.toArrayImpl(null, 0x1000L);
     assertEquals(frame, same);
-    assertEquals(0, SoErrorStack.StackFrame.toArray(0L, 0).length);
+    assertEquals(0, SoErrorStack.StackFrame.copies(0L, 0).length);
 
     same.dispose();
     assertEquals(0L, same.getNativeResourceHandleInternal());

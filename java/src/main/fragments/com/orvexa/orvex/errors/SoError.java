@@ -15,6 +15,7 @@ import java.util.function.Consumer;
    * come to Java and their text is printed on {@code System.err}.
    */
   public static <E extends SoError> void setHandler(Class<E> errorClass, Consumer<? super E> handler) {
+    if (errorClass == null) throw com.orvexa.internal.NativeCalls.nullArgument("errorClass");
     Runnable install = routeInstaller(errorClass);
     if (handler == null) {
       HANDLERS.remove(errorClass);

@@ -1,0 +1,673 @@
+"""How each kind of C++ type crosses the boundary, both ways.
+
+One `Conversion` object per kind of type holds every piece of code that
+moves such a value between the worlds:
+
+  Java -> C++, as the argument of a Java call:
+    java_checks(p)        the public Java method's boundary checks (null,
+                          array length), so that the native body, which
+                          checks nothing, gets what it assumes
+    java_begin(p)/java_end(p)  statements around the native call (marking a
+                          call in flight on an object argument)
+    java_pass(p)          the expression handed to the native method
+    cpp_pre(p)/cpp_arg(p)/cpp_post(p)  the entry point's helpers, the toolkit
+                          argument, and what is written back after the call
+  C++ -> Java, as the result of a Java call:
+    cpp_result(expr)      lines of the entry point defining `result`
+    java_result(call)     lines of the public Java method returning it
+  C++ -> Java, as the argument of a call into Java (callbacks, overrides):
+    upcall_cpp(expr)      (setup lines, JNI expression) handed to Call<T>Method
+    upcall_java(name)     the public Java value made from the native parameter
+  Java -> C++, as the result of a call into Java:
+    java_return(expr)     the native value a Java override's result becomes
+    cpp_from_upcall(expr) the C++ value made from the JNI result
+
+`java_type` is the Java type of the native declaration, `public_type` that of
+the public Java method, `jni_type` the C type of the entry point and
+`jni_sig` the JNI signature letter(s) of the native form.
+"""
+from __future__ import annotations
+
+from dataclasses import dataclass
+from typing import Callable, List, Tuple
+
+READ_WRITE = "ArrayHelper::READ_WRITE"
+READ_ONLY = "ArrayHelper::READ_ONLY"
+
+JNI_ARRAY = {"float": "jfloatArray", "double": "jdoubleArray", "int": "jintArray", "short": "jshortArray",
+             "byte": "jbyteArray", "long": "jlongArray", "boolean": "jbooleanArray", "char": "jcharArray"}
+JNI_SIG = {"float": "F", "double": "D", "int": "I", "short": "S", "byte": "B", "long": "J", "boolean": "Z",
+           "char": "C", "void": "V"}
+JNI_SCALAR = {"float": "jfloat", "double": "jdouble", "int": "jint", "short": "jshort", "byte": "jbyte",
+              "long": "jlong", "boolean": "jboolean", "char": "jchar"}
+CALL_SUFFIX = {"float": "Float", "double": "Double", "int": "Int", "short": "Short", "byte": "Byte",
+               "long": "Long", "boolean": "Boolean", "char": "Char", "void": "Void"}
+
+
+class Unsupported(Exception):
+    """The type has no conversion rule; the member is not wrapped."""
+
+
+@dataclass
+class WrappedClass:
+    """What other classes need to know about a wrapped class. A nested C++
+    class ("SoErrorStack::StackFrame") is a nested Java class
+    (SoErrorStack.StackFrame in source, SoErrorStack$StackFrame in binary form)."""
+    name: str                 # C++ name, qualified with the enclosing classes
+    package: str
+    kind: str                 # value | owned | refcounted
+    elem: str = ""            # Java element type of a value class
+    length: int = 0           # array length of a value class
+
+    @property
+    def java_name(self) -> str:
+        return self.name.replace("::", ".")
+
+    @property
+    def binary_name(self) -> str:
+        return self.name.replace("::", "$")
+
+    @property
+    def qualified(self) -> str:
+        return f"{self.package}.{self.java_name}"
+
+    @property
+    def binary_qualified(self) -> str:
+        return f"{self.package}.{self.binary_name}"
+
+
+def raw_access(w: WrappedClass, from_package: str) -> str:
+    """How generated code reaches the package-private raw-address members
+    (copying values, adopting owned objects) of class `w`: directly in its
+    own package, through the internal registry from other packages."""
+    if w.package == from_package:
+        return w.java_name
+    return f"com.orvexa.internal.NativeAccess.of({w.qualified}.class)"
+
+
+class Conversion:
+    kind = "?"
+    java_type = "void"
+    public_type = "void"
+    jni_type = "void"
+    jni_sig = "V"
+
+    # ---- Java -> C++ (argument) ----
+    def java_checks(self, p: str) -> List[str]:
+        return []
+
+    def java_begin(self, p: str) -> List[str]:
+        return []
+
+    def java_end(self, p: str) -> List[str]:
+        return []
+
+    def java_pass(self, p: str) -> str:
+        return p
+
+    def cpp_pre(self, p: str) -> List[str]:
+        return []
+
+    def cpp_arg(self, p: str) -> str:
+        raise Unsupported(f"{self.kind} is not an argument")
+
+    def cpp_post(self, p: str) -> List[str]:
+        return []
+
+    # ---- C++ -> Java (result) ----
+    def cpp_result(self, expr: str) -> List[str]:
+        raise Unsupported(f"{self.kind} is not a result")
+
+    def java_result(self, call: Callable[[List[str]], str], ctx: "JavaContext") -> List[str]:
+        """`call(extra)` spells the native call, with `extra` arguments appended."""
+        return [f"return {call([])};"]
+
+    # ---- C++ -> Java (argument of a call into Java) ----
+    def upcall_cpp(self, expr: str) -> Tuple[List[str], str]:
+        raise Unsupported(f"{self.kind} cannot be handed to Java")
+
+    def upcall_java(self, p: str) -> str:
+        return p
+
+    # ---- Java -> C++ (result of a call into Java) ----
+    def java_return(self, expr: str) -> str:
+        return expr
+
+    def cpp_from_upcall(self, expr: str) -> str:
+        raise Unsupported(f"{self.kind} cannot come back from Java")
+
+
+@dataclass
+class JavaContext:
+    """What a Java result conversion needs to know about the method it is in."""
+    package: str
+    self_type: str
+    array_count: str = ""
+
+
+class Void(Conversion):
+    kind = "void"
+
+    def cpp_result(self, expr):
+        return [f"{expr};"]
+
+    def java_result(self, call, ctx):
+        return [f"{call([])};"]
+
+    def cpp_from_upcall(self, expr):
+        return ""
+
+
+class Self(Void):
+    """A member returning *this: the Java method returns `this`."""
+    kind = "self"
+
+    def java_result(self, call, ctx):
+        return [f"{call([])};", "return this;"]
+
+
+class Primitive(Conversion):
+    kind = "prim"
+
+    def __init__(self, cpp: str, java: str):
+        self.cpp = cpp
+        self.java_type = self.public_type = java
+        self.jni_type = JNI_SCALAR[java]
+        self.jni_sig = JNI_SIG[java]
+
+    def cpp_arg(self, p):
+        return f"static_cast<{self.cpp}>({p})"
+
+    def cpp_result(self, expr):
+        return [f"const {self.jni_type} result = static_cast<{self.jni_type}>({expr});"]
+
+    def upcall_cpp(self, expr):
+        return [], f"static_cast<{self.jni_type}>({expr})"
+
+    def cpp_from_upcall(self, expr):
+        return f"static_cast<{self.cpp}>({expr})"
+
+
+class Bool(Conversion):
+    kind = "bool"
+    java_type = public_type = "boolean"
+    jni_type = "jboolean"
+    jni_sig = "Z"
+
+    def cpp_arg(self, p):
+        return f"{p} != JNI_FALSE"
+
+    def cpp_result(self, expr):
+        return [f"const jboolean result = {expr} ? JNI_TRUE : JNI_FALSE;"]
+
+    def upcall_cpp(self, expr):
+        return [], f"static_cast<jboolean>(({expr}) ? JNI_TRUE : JNI_FALSE)"
+
+    def cpp_from_upcall(self, expr):
+        return f"({expr} != JNI_FALSE)"
+
+
+class Enum(Conversion):
+    """Enumerators cross as their int value; Java sees the nested enum."""
+    kind = "enum"
+    java_type = "int"
+    jni_type = "jint"
+    jni_sig = "I"
+
+    def __init__(self, cpp: str, java: str):
+        self.cpp = cpp
+        self.public_type = self.enum_java = java
+
+    def java_checks(self, p):
+        return [f"if ({p} == null) throw com.orvexa.internal.NativeCalls.nullArgument(\"{p}\");"]
+
+    def java_pass(self, p):
+        return f"{p}.getValue()"
+
+    def cpp_arg(self, p):
+        return f"static_cast<{self.cpp}>({p})"
+
+    def cpp_result(self, expr):
+        return [f"const jint result = static_cast<jint>({expr});"]
+
+    def java_result(self, call, ctx):
+        return [f"return {self.enum_java}.fromValue({call([])});"]
+
+    def upcall_cpp(self, expr):
+        return [], f"static_cast<jint>({expr})"
+
+    def upcall_java(self, p):
+        return f"{self.enum_java}.fromValue({p})"
+
+    def java_return(self, expr):
+        return f"{expr}.getValue()"
+
+    def cpp_from_upcall(self, expr):
+        return f"static_cast<{self.cpp}>({expr})"
+
+
+class String(Conversion):
+    """SbString, SbName and const char*: UTF-8 through a StringHelper."""
+    kind = "string"
+    java_type = public_type = "String"
+    jni_type = "jstring"
+    jni_sig = "Ljava/lang/String;"
+
+    def __init__(self, cpp: str, nullable: bool = False):
+        self.cpp = cpp            # SbString | SbName | const char*
+        self.nullable = nullable
+
+    def java_checks(self, p):
+        if self.nullable:
+            return []
+        return [f"if ({p} == null) throw com.orvexa.internal.NativeCalls.nullArgument(\"{p}\");"]
+
+    def cpp_pre(self, p):
+        lines = [f"StringHelper {p}StrHelper(env, {p});"]
+        if self.cpp == "SbString":
+            lines.append(f"const SbString {p}NativeArg({p}StrHelper.toUnicodeString());")
+        elif self.cpp == "SbName":
+            lines.append(f"const SbName {p}NativeArg({p}StrHelper.toUTFString());")
+        return lines
+
+    def cpp_arg(self, p):
+        return f"{p}StrHelper.toUTFString()" if self.cpp == "const char*" else f"{p}NativeArg"
+
+    def cpp_result(self, expr):
+        return [f"const jstring result = StringHelper::fromNativeString(env, {expr});"]
+
+    def upcall_cpp(self, expr):
+        return [], f"StringHelper::fromNativeString(env, {expr})"
+
+
+class Format(String):
+    """The format of a variadic toolkit function: the Java text is made safe
+    for the formatter (conversions that would read or write through pointers
+    that were never passed print literally) and gets zero arguments."""
+    kind = "format"
+
+    def __init__(self):
+        super().__init__("const char*")
+
+    def cpp_pre(self, p):
+        return [f"StringHelper {p}StrHelper(env, {p});", f"const SafeFormat {p}Safe({p}StrHelper.toUTFString());"]
+
+    def cpp_arg(self, p):
+        return f"{p}Safe.get(), ORVEX_SAFE_FORMAT_ARGS"
+
+
+class TypeName(Conversion):
+    """SoType, given and returned by name."""
+    kind = "sotype"
+    java_type = public_type = "String"
+    jni_type = "jstring"
+    jni_sig = "Ljava/lang/String;"
+
+    def java_checks(self, p):
+        return [f"if ({p} == null) throw com.orvexa.internal.NativeCalls.nullArgument(\"{p}\");"]
+
+    def cpp_pre(self, p):
+        return [f"StringHelper {p}TypeNameHelper(env, {p});"]
+
+    def cpp_arg(self, p):
+        return f"SoType::fromName(SbName({p}TypeNameHelper.toUTFString()))"
+
+    def cpp_result(self, expr):
+        return [f"const jstring result = StringHelper::fromNativeString(env, ({expr}).getName());"]
+
+    def upcall_cpp(self, expr):
+        return [], f"StringHelper::fromNativeString(env, ({expr}).getName().getString())"
+
+
+class Handle(Conversion):
+    """A pointer or reference to a handle-backed object: its address as long.
+    As an argument the object is marked in flight for the call (it cannot be
+    freed under it); a reference, or a pointer the toolkit does not accept as
+    null, rejects null."""
+    kind = "handle"
+    java_type = "long"
+    jni_type = "jlong"
+    jni_sig = "J"
+
+    def __init__(self, w: WrappedClass, java_name: str, cpp_class: str, by_ref: bool, nullable: bool):
+        self.w = w
+        self.public_type = java_name
+        self.cpp_class = cpp_class
+        self.by_ref = by_ref
+        self.nullable = nullable and not by_ref
+        self.handle_class = w
+        if by_ref:
+            self.kind = "handle_ref"
+
+    def java_begin(self, p):
+        if self.nullable:
+            return [f"final long {p}Handle = com.orvexa.internal.NativeCalls.beginOrNull({p});"]
+        return [f"final long {p}Handle = com.orvexa.internal.NativeCalls.begin({p}, \"{p}\");"]
+
+    def java_end(self, p):
+        return [f"com.orvexa.internal.NativeCalls.end({p});"]
+
+    def java_pass(self, p):
+        return f"{p}Handle"
+
+    def cpp_arg(self, p):
+        cast = f"reinterpret_cast<{self.cpp_class}*>({p})"
+        return f"*{cast}" if self.by_ref else cast
+
+    def cpp_result(self, expr):
+        if self.by_ref:
+            return [f"const jlong result = reinterpret_cast<jlong>(&({expr}));"]
+        return [f"const jlong result = reinterpret_cast<jlong>({expr});"]
+
+    def java_result(self, call, ctx):
+        return [f"return com.orvexa.internal.ObjectManager.getManagedObject({self.public_type}.class, {call([])});"]
+
+    def upcall_cpp(self, expr):
+        target = f"&({expr})" if self.by_ref else f"({expr})"
+        return [], f"reinterpret_cast<jlong>({target})"
+
+    def upcall_java(self, p):
+        return f"com.orvexa.internal.ObjectManager.getManagedObject({self.public_type}.class, {p})"
+
+    def java_return(self, expr):
+        return f"com.orvexa.internal.NativeCalls.addressOf({expr})"
+
+    def cpp_from_upcall(self, expr):
+        cast = f"reinterpret_cast<{self.cpp_class}*>({expr})"
+        return f"*{cast}" if self.by_ref else cast
+
+
+class OwnedCopy(Conversion):
+    """An owned class returned by value: a heap copy that Java owns."""
+    kind = "handle_owned"
+    java_type = "long"
+    jni_type = "jlong"
+    jni_sig = "J"
+
+    def __init__(self, w: WrappedClass, java_name: str, cpp_class: str):
+        self.w = w
+        self.public_type = java_name
+        self.cpp_class = cpp_class
+        self.handle_class = w
+
+    def cpp_result(self, expr):
+        return [f"const jlong result = reinterpret_cast<jlong>(new {self.cpp_class}({expr}));"]
+
+    def java_result(self, call, ctx):
+        return [f"return {raw_access(self.w, ctx.package)}.adopt({call([])});"]
+
+
+class Value(Conversion):
+    """An array-backed value type: its array, pinned and used as the toolkit
+    value. A const operand is only read (READ_ONLY) unless the rules keep it
+    READ_WRITE; an output operand is always copied back."""
+    kind = "value"
+
+    def __init__(self, w: WrappedClass, java_name: str, cpp_class: str, mode: str):
+        self.w = w
+        self.value_class = w
+        self.public_type = java_name
+        self.cpp_class = cpp_class
+        self.mode = mode
+        self.java_type = w.elem + "[]"
+        self.jni_type = JNI_ARRAY[w.elem]
+        self.jni_sig = "[" + JNI_SIG[w.elem]
+
+    def java_checks(self, p):
+        # A value's array always has its class's length (constructors check it).
+        return [f"if ({p} == null) throw com.orvexa.internal.NativeCalls.nullArgument(\"{p}\");"]
+
+    def java_pass(self, p):
+        return f"{p}.array"
+
+    def cpp_pre(self, p):
+        return [f"ArrayHelper {p}Helper(env);"]
+
+    def cpp_arg(self, p):
+        return f"*reinterpret_cast<{self.cpp_class}*>({p}Helper.toNativeArray({p}, {self.mode}))"
+
+    # As a result, written into the returned-value array the Java side passes.
+    def cpp_result(self, expr):
+        return [f"const {self.cpp_class} resultValue = {expr};",
+                "ArrayHelper returnedValueHelper(env);",
+                f"*reinterpret_cast<{self.cpp_class}*>(returnedValueHelper.toNativeArray(returnedValue, "
+                f"{READ_WRITE})) = resultValue;"]
+
+    def java_result(self, call, ctx):
+        w = self.w
+        return [f"{self.public_type} returnedValue = {self.public_type}.wrap(new {w.elem}[{w.length}]);",
+                f"{call(['returnedValue.array'])};",
+                "return returnedValue;"]
+
+    def upcall_cpp(self, expr):
+        n = self.w.length
+        return ([], f"ArrayHelper::fromNativeArray(env, reinterpret_cast<const "
+                    f"{'unsigned char' if self.w.elem == 'byte' else self.w.elem}*>(&({expr})), {n})")
+
+    def upcall_java(self, p):
+        return f"{self.public_type}.wrap({p})"
+
+    def java_return(self, expr):
+        return f"{expr}.array.clone()"
+
+
+class ValueRef(Conversion):
+    """A reference to a value the toolkit holds: its address, copied on the
+    Java side into a new value."""
+    kind = "value_ref"
+    java_type = "long"
+    jni_type = "jlong"
+    jni_sig = "J"
+
+    def __init__(self, w: WrappedClass, java_name: str, cpp_class: str):
+        self.w = w
+        self.value_class = w
+        self.public_type = java_name
+        self.cpp_class = cpp_class
+
+    def cpp_result(self, expr):
+        return [f"const jlong result = reinterpret_cast<jlong>(&({expr}));"]
+
+    def java_result(self, call, ctx):
+        return [f"return {raw_access(self.w, ctx.package)}.copy({call([])});"]
+
+
+class PrimArray(Conversion):
+    """A primitive Java array pinned for the call. `length` is the number of
+    Java elements the toolkit reads or writes: a constant for C arrays, a
+    Java expression over the other parameters for counted pointers."""
+    kind = "array"
+
+    def __init__(self, jelem: str, cpp: str, mode: str, length: str, exact: bool):
+        self.jelem = jelem
+        self.cpp = cpp              # the C++ expression type the pinned storage is cast to ("float(*)[4]")
+        self.mode = mode
+        self.length = length
+        self.exact = exact
+        self.java_type = self.public_type = jelem + "[]"
+        self.jni_type = JNI_ARRAY[jelem]
+        self.jni_sig = "[" + JNI_SIG[jelem]
+        self.deref = False
+
+    def java_checks(self, p):
+        if not self.exact:
+            return _length_checks(p, self.length)
+        return [f"if ({p} == null) throw com.orvexa.internal.NativeCalls.nullArgument(\"{p}\");",
+                f"if ({p}.length != {self.length}) "
+                f"throw com.orvexa.internal.NativeCalls.wrongLength(\"{p}\", {self.length}, {p}.length);"]
+
+    def cpp_pre(self, p):
+        return [f"ArrayHelper {p}ArrayHelper(env);"]
+
+    def cpp_arg(self, p):
+        pinned = f"{p}ArrayHelper.toNativeArray({p}, {self.mode})"
+        cast = f"reinterpret_cast<{self.cpp}>({pinned})"
+        return f"*{cast}" if self.deref else cast
+
+
+def _length_checks(p: str, length: str) -> List[str]:
+    """A Java array that must hold at least `length` elements."""
+    return [f"if ({p} == null) throw com.orvexa.internal.NativeCalls.nullArgument(\"{p}\");",
+            f"if ((long) {p}.length < (long) ({length})) "
+            f"throw com.orvexa.internal.NativeCalls.tooShort(\"{p}\", {length}, {p}.length);"]
+
+
+class HandleArray(Conversion):
+    """An array of handle-backed objects (`T**`) with the number of elements
+    the toolkit reads: a long[] of addresses, every object marked in flight
+    for the call; null elements pass as null."""
+    kind = "handle_array"
+    java_type = "long[]"
+    jni_type = "jlongArray"
+    jni_sig = "[J"
+
+    def __init__(self, java_name: str, cpp_elem: str, length: str):
+        self.public_type = java_name + "[]"
+        self.cpp_elem = cpp_elem
+        self.length = length
+
+    def java_checks(self, p):
+        return _length_checks(p, self.length)
+
+    def java_begin(self, p):
+        return [f"final long[] {p}Handles = com.orvexa.internal.NativeCalls.beginAll({p});"]
+
+    def java_end(self, p):
+        return [f"com.orvexa.internal.NativeCalls.endAll({p}, {p}Handles);"]
+
+    def java_pass(self, p):
+        return f"{p}Handles"
+
+    def cpp_pre(self, p):
+        return [f"ArrayHelper {p}HandleArrayHelper(env);"]
+
+    def cpp_arg(self, p):
+        return f"reinterpret_cast<{self.cpp_elem}*>({p}HandleArrayHelper.toNativeArray({p}, {READ_WRITE}))"
+
+
+class StringArray(Conversion):
+    kind = "string_array"
+    java_type = public_type = "String[]"
+    jni_type = "jobjectArray"
+    jni_sig = "[Ljava/lang/String;"
+
+    def __init__(self, length: str, utf8_pointer: str = ""):
+        self.length = length
+        self.utf8_pointer = utf8_pointer   # "const char**" spelling, or "" for SbString arrays
+
+    def java_checks(self, p):
+        return _length_checks(p, self.length) + [
+                f"for (int i = 0; i < {p}.length; i++) if ({p}[i] == null) "
+                f"throw com.orvexa.internal.NativeCalls.nullArgument(\"{p}[\" + i + \"]\");"]
+
+    def cpp_pre(self, p):
+        return [f"StringArrayHelper {p}Helper(env, {p});"]
+
+    def cpp_arg(self, p):
+        if self.utf8_pointer:
+            return f"const_cast<{self.utf8_pointer}>({p}Helper.toUTFStringArray())"
+        return f"{p}Helper.toSbStringArray()"
+
+
+class OutScalar(Conversion):
+    """A non-const reference to a scalar: a one-element Java array that
+    receives the value after the call."""
+    kind = "out"
+
+    def __init__(self, jelem: str, ctype: str, store: str):
+        self.java_type = self.public_type = jelem + "[]"
+        self.jni_type = JNI_ARRAY[jelem]
+        self.ctype = ctype
+        self.store = store        # C++ expression over `<p>Tmp`, with {p} for the name
+
+    def java_checks(self, p):
+        return [f"if ({p} == null) throw com.orvexa.internal.NativeCalls.nullArgument(\"{p}\");",
+                f"if ({p}.length < 1) throw com.orvexa.internal.NativeCalls.tooShort(\"{p}\", 1, {p}.length);"]
+
+    def cpp_pre(self, p):
+        return [f"{self.ctype} {p}Tmp{{}};"]
+
+    def cpp_arg(self, p):
+        return f"{p}Tmp"
+
+    def cpp_post(self, p):
+        return [f"ArrayHelper {p}ArrayHelper(env);",
+                f"*{p}ArrayHelper.toNativeArray({p}, {READ_WRITE}) = {self.store.format(p=p)};"]
+
+
+class IntBuffer(Conversion):
+    """`const int*&` next to its `int&` count: the toolkit's own memory as a
+    direct byte buffer, handed back in element 0 of a one-element Object[]."""
+    kind = "int_buffer"
+    java_type = "Object[]"
+    public_type = "java.nio.ByteBuffer[]"
+    jni_type = "jobjectArray"
+
+    def __init__(self, count: str):
+        self.count = count
+
+    def java_checks(self, p):
+        return [f"if ({p} == null) throw com.orvexa.internal.NativeCalls.nullArgument(\"{p}\");",
+                f"if ({p}.length < 1) throw com.orvexa.internal.NativeCalls.tooShort(\"{p}\", 1, {p}.length);"]
+
+    def cpp_pre(self, p):
+        return [f"const int* {p}Tmp = nullptr;"]
+
+    def cpp_arg(self, p):
+        return f"{p}Tmp"
+
+    def cpp_post(self, p):
+        return [f"env->SetObjectArrayElement({p}, 0, {p}Tmp == nullptr ? nullptr : "
+                f"env->NewDirectByteBuffer(const_cast<int*>({p}Tmp), static_cast<jlong>({self.count}Tmp) * 4));"]
+
+
+class PointerList(Conversion):
+    """A pointer list of the toolkit (SbPList and its kin): the element
+    addresses in list order, null for no list."""
+    kind = "plist"
+    java_type = public_type = "long[]"
+    jni_type = "jlongArray"
+    jni_sig = "[J"
+
+    def __init__(self, by_pointer: bool):
+        self.by_pointer = by_pointer
+        if by_pointer:
+            self.kind = "plist_ptr"
+
+    def cpp_result(self, expr):
+        if self.by_pointer:
+            head = [f"const SbPList* list = {expr};"]
+        else:  # by value or by reference: bind it (a temporary lives as long as the reference)
+            head = [f"const SbPList& listValue = {expr};", "const SbPList* list = &listValue;"]
+        return head + [
+            "jlongArray result = nullptr;",
+            "if (list != nullptr) {",
+            "  std::vector<long long> addresses(static_cast<size_t>(list->getLength()));",
+            "  for (size_t i = 0; i < addresses.size(); ++i)",
+            "    addresses[i] = reinterpret_cast<long long>(list->get(static_cast<int>(i)));",
+            "  result = addresses.empty() ? env->NewLongArray(0)",
+            "                             : ArrayHelper::fromNativeArray(env, addresses.data(), addresses.size());",
+            "}"]
+
+
+class ArrayResult(Conversion):
+    """A member returning a pointer to `count()` contiguous objects of a
+    wrapped class: the entry point returns the address, the Java method an
+    array of copies that Java owns."""
+    kind = "array"
+    java_type = "long"
+    jni_type = "jlong"
+    jni_sig = "J"
+
+    def __init__(self, w: WrappedClass, java_name: str, cpp_class: str):
+        self.w = w
+        self.public_type = java_name + "[]"
+        self.cpp_class = cpp_class
+        self.value_class = w if w.kind == "value" else None
+        self.handle_class = w if w.kind != "value" else None
+
+    def cpp_result(self, expr):
+        return [f"const jlong result = reinterpret_cast<jlong>({expr});"]
+
+    def java_result(self, call, ctx):
+        return [f"return {raw_access(self.w, ctx.package)}.copies({call([])}, {ctx.array_count}());"]
