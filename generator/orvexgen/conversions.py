@@ -15,12 +15,14 @@ moves such a value between the worlds:
   C++ -> Java, as the result of a Java call:
     cpp_result(expr)      lines of the entry point defining `result`
     java_result(call)     lines of the public Java method returning it
-  C++ -> Java, as the argument of a call into Java (callbacks, overrides):
-    upcall_cpp(expr)      (setup lines, JNI expression) handed to Call<T>Method
-    upcall_java(name)     the public Java value made from the native parameter
+  C++ -> Java, as the argument of a call into Java (callbacks, overrides),
+  which receives the public Java value:
+    upcall_cpp(expr, name)  (setup lines, JNI value, local reference to
+                          delete?) handed to Call<T>Method; public_sig is its
+                          JNI signature
   Java -> C++, as the result of a call into Java:
-    java_return(expr)     the native value a Java override's result becomes
-    cpp_from_upcall(expr) the C++ value made from the JNI result
+    cpp_from_upcall(jexpr, holder)  the C++ value made from the JNI result
+                          (call_kind names the Call<T>Method returning it)
 
 `java_type` is the Java type of the native declaration, `public_type` that of
 the public Java method, `jni_type` the C type of the entry point and
@@ -122,18 +124,20 @@ class Conversion:
         """`call(extra)` spells the native call, with `extra` arguments appended."""
         return [f"return {call([])};"]
 
-    # ---- C++ -> Java (argument of a call into Java) ----
-    def upcall_cpp(self, expr: str) -> Tuple[List[str], str]:
+    # ---- C++ -> Java (argument of a call into Java: the public Java value) ----
+    # public_sig: the JNI signature of the public Java type; call_kind: the
+    # <Type> of the env->Call<Type>Method that returns it.
+    public_sig = "V"
+    call_kind = "Void"
+
+    def upcall_cpp(self, expr: str, name: str) -> Tuple[List[str], str, bool]:
+        """(setup lines, the JNI value, whether it is a local reference to delete)."""
         raise Unsupported(f"{self.kind} cannot be handed to Java")
 
-    def upcall_java(self, p: str) -> str:
-        return p
-
     # ---- Java -> C++ (result of a call into Java) ----
-    def java_return(self, expr: str) -> str:
-        return expr
-
-    def cpp_from_upcall(self, expr: str) -> str:
+    def cpp_from_upcall(self, jexpr: str, holder: str) -> str:
+        """The C++ result made from the JNI result `jexpr` of the Java call;
+        `holder` names a member that can keep returned text alive."""
         raise Unsupported(f"{self.kind} cannot come back from Java")
 
 
@@ -154,7 +158,7 @@ class Void(Conversion):
     def java_result(self, call, ctx):
         return [f"{call([])};"]
 
-    def cpp_from_upcall(self, expr):
+    def cpp_from_upcall(self, jexpr, holder):
         return ""
 
 
@@ -173,7 +177,8 @@ class Primitive(Conversion):
         self.cpp = cpp
         self.java_type = self.public_type = java
         self.jni_type = JNI_SCALAR[java]
-        self.jni_sig = JNI_SIG[java]
+        self.jni_sig = self.public_sig = JNI_SIG[java]
+        self.call_kind = CALL_SUFFIX[java]
 
     def cpp_arg(self, p):
         return f"static_cast<{self.cpp}>({p})"
@@ -181,18 +186,19 @@ class Primitive(Conversion):
     def cpp_result(self, expr):
         return [f"const {self.jni_type} result = static_cast<{self.jni_type}>({expr});"]
 
-    def upcall_cpp(self, expr):
-        return [], f"static_cast<{self.jni_type}>({expr})"
+    def upcall_cpp(self, expr, name):
+        return [], f"static_cast<{self.jni_type}>({expr})", False
 
-    def cpp_from_upcall(self, expr):
-        return f"static_cast<{self.cpp}>({expr})"
+    def cpp_from_upcall(self, jexpr, holder):
+        return f"static_cast<{self.cpp}>({jexpr})"
 
 
 class Bool(Conversion):
     kind = "bool"
     java_type = public_type = "boolean"
     jni_type = "jboolean"
-    jni_sig = "Z"
+    jni_sig = public_sig = "Z"
+    call_kind = "Boolean"
 
     def cpp_arg(self, p):
         return f"{p} != JNI_FALSE"
@@ -200,11 +206,11 @@ class Bool(Conversion):
     def cpp_result(self, expr):
         return [f"const jboolean result = {expr} ? JNI_TRUE : JNI_FALSE;"]
 
-    def upcall_cpp(self, expr):
-        return [], f"static_cast<jboolean>(({expr}) ? JNI_TRUE : JNI_FALSE)"
+    def upcall_cpp(self, expr, name):
+        return [], f"static_cast<jboolean>(({expr}) ? JNI_TRUE : JNI_FALSE)", False
 
-    def cpp_from_upcall(self, expr):
-        return f"({expr} != JNI_FALSE)"
+    def cpp_from_upcall(self, jexpr, holder):
+        return f"({jexpr} != JNI_FALSE)"
 
 
 class Enum(Conversion):
@@ -214,9 +220,13 @@ class Enum(Conversion):
     jni_type = "jint"
     jni_sig = "I"
 
-    def __init__(self, cpp: str, java: str):
+    call_kind = "Object"
+
+    def __init__(self, cpp: str, java: str, binary: str = ""):
         self.cpp = cpp
         self.public_type = self.enum_java = java
+        self.binary = binary      # "com.orvexa.genprobe.GuardProbe$Mode"
+        self.public_sig = f"L{binary.replace('.', '/')};"
 
     def java_checks(self, p):
         return [f"if ({p} == null) throw com.orvexa.internal.NativeCalls.nullArgument(\"{p}\");"]
@@ -233,17 +243,11 @@ class Enum(Conversion):
     def java_result(self, call, ctx):
         return [f"return {self.enum_java}.fromValue({call([])});"]
 
-    def upcall_cpp(self, expr):
-        return [], f"static_cast<jint>({expr})"
+    def upcall_cpp(self, expr, name):
+        return [], f'ObjectHelper::getEnum(env, "{self.binary}", static_cast<jint>({expr}))', True
 
-    def upcall_java(self, p):
-        return f"{self.enum_java}.fromValue({p})"
-
-    def java_return(self, expr):
-        return f"{expr}.getValue()"
-
-    def cpp_from_upcall(self, expr):
-        return f"static_cast<{self.cpp}>({expr})"
+    def cpp_from_upcall(self, jexpr, holder):
+        return f"static_cast<{self.cpp}>(ObjectHelper::getEnumValue(env, {jexpr}))"
 
 
 class String(Conversion):
@@ -251,7 +255,8 @@ class String(Conversion):
     kind = "string"
     java_type = public_type = "String"
     jni_type = "jstring"
-    jni_sig = "Ljava/lang/String;"
+    jni_sig = public_sig = "Ljava/lang/String;"
+    call_kind = "Object"
 
     def __init__(self, cpp: str, nullable: bool = False):
         self.cpp = cpp            # SbString | SbName | const char*
@@ -276,8 +281,16 @@ class String(Conversion):
     def cpp_result(self, expr):
         return [f"const jstring result = StringHelper::fromNativeString(env, {expr});"]
 
-    def upcall_cpp(self, expr):
-        return [], f"StringHelper::fromNativeString(env, {expr})"
+    def upcall_cpp(self, expr, name):
+        return [], f"StringHelper::fromNativeString(env, {expr})", True
+
+    def cpp_from_upcall(self, jexpr, holder):
+        # Java's text is copied out before the local reference goes; a
+        # character pointer stays valid in the holder until the next call.
+        text = f"StringHelper(env, static_cast<jstring>({jexpr})).toUTFString()"
+        if self.cpp == "const char*":
+            return f"({jexpr} == nullptr ? nullptr : ({holder} = {text}).c_str())"
+        return f"{self.cpp}({jexpr} == nullptr ? \"\" : {text})"
 
 
 class Format(String):
@@ -315,8 +328,11 @@ class TypeName(Conversion):
     def cpp_result(self, expr):
         return [f"const jstring result = StringHelper::fromNativeString(env, ({expr}).getName());"]
 
-    def upcall_cpp(self, expr):
-        return [], f"StringHelper::fromNativeString(env, ({expr}).getName().getString())"
+    public_sig = "Ljava/lang/String;"
+    call_kind = "Object"
+
+    def upcall_cpp(self, expr, name):
+        return [], f"StringHelper::fromNativeString(env, ({expr}).getName())", True
 
 
 class Handle(Conversion):
@@ -362,18 +378,23 @@ class Handle(Conversion):
     def java_result(self, call, ctx):
         return [f"return com.orvexa.internal.ObjectManager.getManagedObject({self.public_type}.class, {call([])});"]
 
-    def upcall_cpp(self, expr):
+    call_kind = "Object"
+
+    @property
+    def public_sig(self):
+        return f"L{self.w.binary_qualified.replace('.', '/')};"
+
+    def upcall_cpp(self, expr, name):
+        # The one Java object that stands for the address (the object manager's).
         target = f"&({expr})" if self.by_ref else f"({expr})"
-        return [], f"reinterpret_cast<jlong>({target})"
+        return ([], f'ObjectHelper::getManagedObject(env, "{self.w.binary_qualified}", '
+                    f'reinterpret_cast<jlong>(const_cast<{self.cpp_class}*>({target})))', True)
 
-    def upcall_java(self, p):
-        return f"com.orvexa.internal.ObjectManager.getManagedObject({self.public_type}.class, {p})"
-
-    def java_return(self, expr):
-        return f"com.orvexa.internal.NativeCalls.addressOf({expr})"
-
-    def cpp_from_upcall(self, expr):
-        cast = f"reinterpret_cast<{self.cpp_class}*>({expr})"
+    def cpp_from_upcall(self, jexpr, holder):
+        # The address of the Java object's native object (entry 0 of the
+        # method-identifier table is getNativeResourceHandleInternal).
+        cast = (f"reinterpret_cast<{self.cpp_class}*>({jexpr} == nullptr ? 0 : "
+                f"env->CallLongMethod({jexpr}, s_methodIds[0]))")
         return f"*{cast}" if self.by_ref else cast
 
 
@@ -439,16 +460,38 @@ class Value(Conversion):
                 f"{call(['returnedValue.array'])};",
                 "return returnedValue;"]
 
-    def upcall_cpp(self, expr):
-        n = self.w.length
-        return ([], f"ArrayHelper::fromNativeArray(env, reinterpret_cast<const "
-                    f"{'unsigned char' if self.w.elem == 'byte' else self.w.elem}*>(&({expr})), {n})")
+    call_kind = "Object"
 
-    def upcall_java(self, p):
-        return f"{self.public_type}.wrap({p})"
+    @property
+    def public_sig(self):
+        return f"L{self.w.binary_qualified.replace('.', '/')};"
 
-    def java_return(self, expr):
-        return f"{expr}.array.clone()"
+    def upcall_cpp(self, expr, name):
+        # A new Java value holding a copy: the class's wrap(array) over a new array.
+        w = self.w
+        native_elem = "unsigned char" if w.elem == "byte" else w.elem
+        cls = w.binary_qualified.replace(".", "/")
+        return ([f"jobject {name}Value = nullptr;",
+                 "{",
+                 f"  ScopedLocalRef<{JNI_ARRAY[w.elem]}> storage(env, ArrayHelper::fromNativeArray(env, "
+                 f"reinterpret_cast<const {native_elem}*>(&({expr})), {w.length}));",
+                 f'  ScopedLocalRef<jclass> cls(env, env->FindClass("{cls}"));',
+                 f'  const jmethodID wrap = env->GetStaticMethodID(cls.get(), "wrap", "([{JNI_SIG[w.elem]}){self.public_sig}");',
+                 f"  {name}Value = env->CallStaticObjectMethod(cls.get(), wrap, storage.get());",
+                 "}"], f"{name}Value", True)
+
+    def cpp_from_upcall(self, jexpr, holder):
+        # The bytes of the returned value's array, or the default value for null.
+        w = self.w
+        region = {"float": "Float", "double": "Double", "int": "Int", "short": "Short", "byte": "Byte",
+                  "long": "Long"}[w.elem]
+        cls = w.binary_qualified.replace(".", "/")
+        return (f"[&] {{ {self.cpp_class} v{{}}; if ({jexpr} != nullptr) {{ "
+                f'ScopedLocalRef<jclass> cls(env, env->FindClass("{cls}")); '
+                f'ScopedLocalRef<{JNI_ARRAY[w.elem]}> a(env, static_cast<{JNI_ARRAY[w.elem]}>(env->GetObjectField({jexpr}, '
+                f'env->GetFieldID(cls.get(), "array", "[{JNI_SIG[w.elem]}")))); '
+                f"env->Get{region}ArrayRegion(a.get(), 0, {w.length}, reinterpret_cast<{JNI_SCALAR[w.elem]}*>(&v)); }} "
+                f"return v; }}()")
 
 
 class ValueRef(Conversion):

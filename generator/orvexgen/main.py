@@ -12,7 +12,8 @@ import os
 import sys
 from typing import Dict, List, Optional, Tuple
 
-from . import cparse, emit_cpp, emit_java, plan as planner, rules as rules_mod
+from . import cparse, emit_cpp, emit_custom, emit_java, plan as planner, rules as rules_mod
+from .types import TypeContext
 from .naming import java_package, package_dir
 
 
@@ -57,6 +58,28 @@ def outputs(out_dir: str, p: planner.ClassPlan) -> Tuple[str, Optional[str]]:
     return cpp, java
 
 
+def custom_outputs(out_dir: str, p: planner.ClassPlan) -> Tuple[str, str]:
+    """The header and source of the class's Custom<Class>, beside its entry points."""
+    base = os.path.join(out_dir, package_dir(p.package), emit_custom.custom_name(p.name))
+    return base + ".h", base + ".cpp"
+
+
+def custom_plans(classes: Dict, plans: List[planner.ClassPlan]):
+    """(plan, forwarded members) of every class whose rules forward virtuals to Java."""
+    wrapped = {p.name: p.wrapped for p in plans}
+    enums = planner.collect_enums(classes, wrapped)
+    out = []
+    for p in plans:
+        signatures = p.rules.for_class(p.name).forward
+        if not signatures:
+            continue
+        if p.name not in p.rules.extensible or p.outer:
+            raise planner.PlanError(f"{p.name}: forward needs a top-level class listed as extensible")
+        ctx = TypeContext(classes, wrapped, enums, p.package)
+        out.append((p, emit_custom.plan_forwarding(p.cls, classes, ctx, signatures)))
+    return out
+
+
 def write_if_changed(path: str, text: str) -> None:
     if os.path.exists(path):
         with open(path, encoding="utf-8") as f:
@@ -67,6 +90,18 @@ def write_if_changed(path: str, text: str) -> None:
     with open(tmp, "w", encoding="utf-8") as f:
         f.write(text)
     os.replace(tmp, path)
+
+
+def _classes_named(forwarded, classes) -> List[str]:
+    """The classes whose headers the forwarding stubs need."""
+    names = set()
+    for fw in forwarded:
+        for t in [p.type for p in fw.cfunc.params] + [fw.cfunc.result]:
+            while t is not None:
+                if t.kind == "class" and t.name in classes:
+                    names.add(t.name)
+                t = t.inner
+    return sorted(names)
 
 
 def main(argv=None) -> int:
@@ -86,7 +121,8 @@ def main(argv=None) -> int:
 
     try:
         classes, plans = build_plans(a.include_root, a.rules_dir, a.extra_include)
-    except (cparse.ParseError, planner.PlanError, ValueError) as e:
+        customs = custom_plans(classes, plans)
+    except (cparse.ParseError, planner.PlanError, emit_custom.CustomError, ValueError) as e:
         print(f"orvexgen: {e}", file=sys.stderr)
         return 1
     out_dir = os.path.abspath(a.out_dir)
@@ -96,20 +132,31 @@ def main(argv=None) -> int:
             print(f"cpp {cpp}")
             if java:
                 print(f"java {java}")
+        for p, _ in customs:
+            print(f"cpp {custom_outputs(out_dir, p)[1]}")
         return 0
     if a.report:
         for p in plans:
             print(f"{p.package}.{p.name} ({p.kind})")
             for m in p.methods:
                 state = f"skipped: {m.skipped}" if m.skipped else "native"
-                print(f"  {m.native_name:28} {m.cfunc.name}({', '.join(x.type.spelling for x in m.cfunc.params)})"
-                      f"  -> {state}")
+                print(f"  {m.native_name:28} {m.cfunc.signature}  -> {state}")
+        for p, forwarded in customs:
+            print(f"{p.package}.{emit_custom.custom_name(p.name)} (forwards to Java)")
+            for fw in forwarded:
+                print(f"  {fw.cfunc.signature}  -> {fw.cfunc.name}{fw.java_sig}")
         return 0
     for p in plans:
         cpp, java = outputs(out_dir, p)
         write_if_changed(cpp, emit_cpp.emit(p, classes, a.module))
         if java:
             write_if_changed(java, emit_java.emit(p, a.fragments_dir, plans))
+    for p, forwarded in customs:
+        header, source = custom_outputs(out_dir, p)
+        headers = [classes[c].header for c in _classes_named(forwarded, classes)]
+        write_if_changed(header, emit_custom.emit_header(p.cls, forwarded))
+        write_if_changed(source, emit_custom.emit_source(p.cls, forwarded, p.wrapped.binary_qualified.replace(".", "/"),
+                                                         os.path.basename(header), headers))
     if a.stamp:
         os.makedirs(os.path.dirname(os.path.abspath(a.stamp)), exist_ok=True)
         with open(a.stamp, "w") as f:

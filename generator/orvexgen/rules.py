@@ -21,6 +21,9 @@ Keys (all optional):
     array_lengths    table: signature -> { parameter = Java expression over
                      the other parameters }: how many elements a pointer to
                      an array holds (values, for arrays of value types)
+    forward          virtuals (signatures, the class's or inherited) that the
+                     native subclass Custom<Name> forwards to the Java
+                     override, in the order of its method-identifier table
     reserve          table: name -> how many numbers come before the class's
                      own overloads of that name (numbers owned by the Java side)
     assumed_bytes    byte size the Java class assumes (checks only; defaults to
@@ -51,6 +54,7 @@ class ClassRules:
     reserve: Dict[str, int] = field(default_factory=dict)
     assumed_bytes: int = 0
     array_results: Dict[str, str] = field(default_factory=dict)
+    forward: List[str] = field(default_factory=list)
 
 
 @dataclass
@@ -70,7 +74,8 @@ class PackageRules:
 
 
 _TOP = {"classes", "value", "extensible", "exclude", "operators", "read_write", "class"}
-_CLASS = {"java_side", "exclude", "reserve", "assumed_bytes", "array_results", "nullable", "array_lengths"}
+_CLASS = {"java_side", "exclude", "reserve", "assumed_bytes", "array_results", "nullable", "array_lengths",
+          "forward"}
 
 
 def load(path: str) -> PackageRules:
@@ -103,7 +108,8 @@ def load(path: str) -> PackageRules:
             nullable={sig(k): list(v) for k, v in c.get("nullable", {}).items()},
             array_lengths={sig(k): dict(v) for k, v in c.get("array_lengths", {}).items()},
             reserve=dict(c.get("reserve", {})), assumed_bytes=int(c.get("assumed_bytes", 0)),
-            array_results=dict(c.get("array_results", {})))
+            array_results=dict(c.get("array_results", {})),
+            forward=[sig(x) for x in c.get("forward", [])])
     for v in r.value | r.extensible:
         if v not in r.classes:
             raise ValueError(f"{path}: {v} is listed but not in 'classes'")

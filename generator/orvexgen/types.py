@@ -102,11 +102,15 @@ class TypeContext:
     def int_buffer(self, count: str) -> Conversion:
         return IntBuffer(count)
 
+    def enum_binary(self, name: str) -> str:
+        owner, enum = self.enums[name]
+        return f"{self.wrapped[owner].binary_qualified}${enum}"
+
     def _scalar(self, t: CType) -> Conversion:
         if t.kind == "bool":
             return Bool()
         if t.kind == "enum":
-            return Enum(t.name, self.enum_java(t.name))
+            return Enum(t.name, self.enum_java(t.name), self.enum_binary(t.name))
         if t.name not in PRIM_JAVA:
             raise Unsupported(f"primitive {t.name}")
         return Primitive(t.name, PRIM_JAVA[t.name])
@@ -166,7 +170,7 @@ class TypeContext:
                 raise Unsupported(f"result {t.spelling}")
             return Primitive(base.name, PRIM_JAVA[base.name])
         if base.kind == "enum" and not is_ref:
-            return Enum(base.name, self.enum_java(base.name))
+            return Enum(base.name, self.enum_java(base.name), self.enum_binary(base.name))
         if base.kind == "class" and base.name in STRING_CLASSES and (not is_ref or base.const):
             return String(base.name)
         if t.kind == "ptr" and _is_const_char(base.inner):

@@ -28,3 +28,6 @@ orvex_add_junit_test(jvm.generated.handles CLASSES com.orvexa.orvex.GeneratedHan
 orvex_add_junit_test(jvm.generated.errors CLASSES com.orvexa.orvex.errors.ErrorsPackageTest)
 orvex_add_junit_test(jvm.generator.fixture CLASSES com.orvexa.genprobe.GeneratedFixtureTest)
 orvex_add_junit_test(jvm.generator.checksize CLASSES com.orvexa.genprobe.CheckSizeTest)
+orvex_add_junit_test(jvm.generated.aliasing CLASSES com.orvexa.orvex.ValueAliasingTest)
+# Each case runs in a child virtual machine of its own.
+orvex_add_junit_test(jvm.generated.misuse CLASSES com.orvexa.orvex.MisuseTest)

@@ -11,7 +11,7 @@ GENERATOR = os.path.dirname(HERE)
 REPO = os.path.dirname(GENERATOR)
 sys.path.insert(0, GENERATOR)
 
-from orvexgen import emit_cpp, emit_java, main, plan as planner, rules as rules_mod  # noqa: E402
+from orvexgen import emit_cpp, emit_custom, emit_java, main, plan as planner, rules as rules_mod  # noqa: E402
 
 FIXTURES = os.path.join(HERE, "fixtures")
 TOOLKIT_INCLUDE = os.path.join(REPO, "toolkit", "include")
@@ -328,6 +328,52 @@ class FixtureJava(unittest.TestCase):
         self.assertIn("final long[] probesHandles = com.orvexa.internal.NativeCalls.beginAll(probes);", j)
 
 
+class FixtureCustomClass(unittest.TestCase):
+    """The native subclass that forwards GuardProbe's virtuals to Java."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.classes, plans = main.build_plans(os.path.join(FIXTURES, "include"), os.path.join(FIXTURES, "rules"),
+                                              [TOOLKIT_INCLUDE])
+        (plan, cls.forwarded), = main.custom_plans(cls.classes, plans)
+        cls.header = emit_custom.emit_header(plan.cls, cls.forwarded)
+        cls.source = emit_custom.emit_source(plan.cls, cls.forwarded, "com/orvexa/genprobe/GuardProbe",
+                                             "CustomGuardProbe.h", [])
+
+    def test_class_shape(self):
+        self.assertIn("class CustomGuardProbe : public GuardProbe, public ICustomClass {", self.header)
+        self.assertIn("  const char * describe() const override;", self.header)
+        self.assertIn("  static jmethodID s_methodIds[4];", self.header)
+        self.assertIn("  mutable std::string m_describeText;", self.header)
+
+    def test_method_identifier_table_in_rules_order_after_the_handle_getter(self):
+        rows = re.findall(r'\{"(\w+)", "([^"]+)"\}', self.source)
+        self.assertEqual(rows, [("getNativeResourceHandleInternal", "()J"),
+                                ("describe", "()Ljava/lang/String;"),
+                                ("scaled", "(F)F"),
+                                ("preferredMode", "(Lcom/orvexa/genprobe/GuardProbe$Mode;)"
+                                                  "Lcom/orvexa/genprobe/GuardProbe$Mode;")])
+
+    def test_stub_calls_java_and_turns_an_exception_into_the_named_argument_exception(self):
+        stub = self.source[self.source.index("GuardProbe::Mode CustomGuardProbe::preferredMode("):]
+        order = [stub.index(x) for x in (
+            "JNIEnvHelper::getEnv()",
+            'ObjectHelper::getEnum(env, "com.orvexa.genprobe.GuardProbe$Mode", static_cast<jint>(given))',
+            "env->CallObjectMethod(javaObject, s_methodIds[3], givenRef.get())",
+            'throwIllegalArgException(env, "Exception raised during execution of CustomGuardProbe.preferredMode.")',
+            "ObjectHelper::getEnumValue(env, javaResult)")]
+        self.assertEqual(order, sorted(order))
+
+    def test_forwarding_a_member_that_is_not_virtual_is_an_error(self):
+        with tempfile.TemporaryDirectory() as d:
+            with open(os.path.join(d, "com.orvexa.genprobe.toml"), "w") as f:
+                f.write('classes = ["GuardProbe"]\nextensible = ["GuardProbe"]\n'
+                        '[class.GuardProbe]\nforward = ["getMode() const"]\n')
+            classes, plans = main.build_plans(os.path.join(FIXTURES, "include"), d, [TOOLKIT_INCLUDE])
+            with self.assertRaises(emit_custom.CustomError):
+                main.custom_plans(classes, plans)
+
+
 class Determinism(unittest.TestCase):
     def test_two_runs_write_identical_files(self):
         args = ["--include-root", os.path.join(FIXTURES, "include"), "--rules-dir", os.path.join(FIXTURES, "rules"),
@@ -339,8 +385,9 @@ class Determinism(unittest.TestCase):
             files_b = sorted(os.path.relpath(os.path.join(d, f), b) for d, _, fs in os.walk(b) for f in fs)
             self.assertEqual(files_a, files_b)
             # Five Java classes (nested ones live in their enclosing class's
-            # file) and seven C++ files (one per Java class, nested ones too).
-            self.assertEqual(len(files_a), 12)
+            # file), seven C++ files (one per Java class, nested ones too), and
+            # the header and source of CustomGuardProbe.
+            self.assertEqual(len(files_a), 14)
             self.assertEqual(len([f for f in files_a if f.endswith(".java")]), 5)
             for f in files_a:
                 with open(os.path.join(a, f)) as fa, open(os.path.join(b, f)) as fb:

@@ -18,6 +18,21 @@ public final class GenProbeSupport {
   /** A native GuardProbe bound the way Java-extended objects are (it is an ICustomClass). */
   static native long makeCustom();
 
+  /** Fills the generated CustomGuardProbe's method-identifier table. */
+  static native void initCustomGuardProbe();
+
+  /** Binds the native custom object at {@code handle} to its Java peer (a global reference). */
+  static native void bindCustom(long handle, GuardProbe peer);
+
+  /** The virtual describe() called on the native object, as the toolkit calls it. */
+  static native String describeNatively(long handle);
+
+  /** The virtual scaled(f) called on the native object. */
+  static native float scaledNatively(long handle, float f);
+
+  /** The virtual preferredMode(mode) called on the native object, with and giving enum values. */
+  static native int preferredModeNatively(long handle, int mode);
+
   /** Posts an SoErrorStack from a native function of this library; returns how many it posted so far. */
   static native int postErrorStack();
 

@@ -51,6 +51,63 @@ class GeneratedFixtureTest {
       assertEquals("base", custom.describe());
     }
 
+    /** A Java subclass whose overrides the generated CustomGuardProbe calls. */
+    static final class JavaGuardProbe extends GuardProbe {
+      boolean fail;
+
+      JavaGuardProbe(long handle) {
+        super(new GuardProbe.NativeResourceHandle(handle));
+      }
+
+      @Override
+      public String describe() {
+        if (fail) throw new UnsupportedOperationException("override failed on purpose");
+        return "java+" + super.describe();
+      }
+
+      @Override
+      public float scaled(float factor) {
+        return super.scaled(factor) + 0.5f;
+      }
+
+      @Override
+      public GuardProbe.Mode preferredMode(GuardProbe.Mode given) {
+        return given == GuardProbe.Mode.QUIET ? GuardProbe.Mode.LOUD_MODE : GuardProbe.Mode.QUIET;
+      }
+    }
+
+    private JavaGuardProbe boundJavaProbe() {
+      GenProbeSupport.initCustomGuardProbe();
+      long handle = GenProbeSupport.makeCustom();
+      JavaGuardProbe probe = new JavaGuardProbe(handle);
+      GenProbeSupport.bindCustom(handle, probe);
+      return probe;
+    }
+
+    @Test
+    void generatedCustomClassForwardsVirtualsToTheJavaOverride() {
+      JavaGuardProbe probe = boundJavaProbe();
+      long handle = probe.getNativeResourceHandleInternal();
+      // The override calls super, which runs the toolkit's base once: no recursion.
+      assertEquals("java+base", GenProbeSupport.describeNatively(handle));
+      assertEquals(2 * 3f + 0.5f, GenProbeSupport.scaledNatively(handle, 3f));
+      assertEquals(GuardProbe.Mode.LOUD_MODE.getValue(),
+          GenProbeSupport.preferredModeNatively(handle, GuardProbe.Mode.QUIET.getValue()));
+      assertEquals(GuardProbe.Mode.QUIET.getValue(),
+          GenProbeSupport.preferredModeNatively(handle, GuardProbe.Mode.LOUD_MODE.getValue()));
+    }
+
+    @Test
+    void anOverrideThatThrowsBecomesTheNamedIllegalArgumentException() {
+      JavaGuardProbe probe = boundJavaProbe();
+      probe.fail = true;
+      IllegalArgumentException e = assertThrows(IllegalArgumentException.class,
+          () -> GenProbeSupport.describeNatively(probe.getNativeResourceHandleInternal()));
+      assertEquals("Exception raised during execution of CustomGuardProbe.describe.", e.getMessage());
+      probe.fail = false;
+      assertEquals("java+base", GenProbeSupport.describeNatively(probe.getNativeResourceHandleInternal()));
+    }
+
     @Test
     void protectedMemberRefusedOnPlainObjects() {
       IllegalAccessException e = assertThrows(IllegalAccessException.class, () -> callSecret(new GuardProbe(), 3));
