@@ -50,6 +50,9 @@ function(orvex_add_junit_test name)
     # Unicode file names need a UTF-8 locale in the JVM.
     ENVIRONMENT "LC_ALL=C.UTF-8"
     FAIL_REGULAR_EXPRESSION "WARNING in native method;FATAL ERROR in native method")
+  if(ORVEX_SANITIZE)
+    orvex_sanitize_jvm_test(${name})
+  endif()
 endfunction()
 
 orvex_add_junit_test(jvm.runtime.strings CLASSES com.orvexa.tests.StringMarshallingTest)
@@ -61,6 +64,7 @@ orvex_add_junit_test(jvm.runtime.exceptions.pending NO_CHECK_JNI
   CLASSES com.orvexa.tests.ExceptionHelperTest INCLUDE_TAGS pending-exception-calls)
 orvex_add_junit_test(jvm.runtime.threads CLASSES com.orvexa.tests.NativeThreadTest)
 orvex_add_junit_test(jvm.runtime.errors CLASSES com.orvexa.tests.ErrorRoutingTest)
+orvex_add_junit_test(jvm.runtime.errors.upcalls CLASSES com.orvexa.tests.ErrorUpcallTest)
 orvex_add_junit_test(jvm.runtime.objects CLASSES com.orvexa.tests.ObjectIdentityTest)
 orvex_add_junit_test(jvm.runtime.startup CLASSES com.orvexa.tests.StartupTest)
 orvex_add_junit_test(jvm.startup.trace CLASSES com.orvexa.tests.StartupTraceTest)

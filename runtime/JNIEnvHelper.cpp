@@ -17,6 +17,10 @@ struct AttachedThread {
 };
 thread_local AttachedThread t_attachedThread;
 
+// How many upcalls are running on this thread (UpcallScope): more than zero
+// means Java frames are waiting below the current native code.
+thread_local int t_upcallDepth = 0;
+
 jint attach(JavaVM* vm, JNIEnv** env, void* args) {
   const jint rc = vm->AttachCurrentThread(reinterpret_cast<void**>(env), args);
   if (rc == JNI_OK) t_attachedThread.vm = vm;
@@ -48,3 +52,23 @@ JNIEnv* JNIEnvHelper::getEnv() {
   }
   return env;
 }
+
+bool JNIEnvHelper::isAttachedByLibrary() { return t_attachedThread.vm != nullptr; }
+
+bool JNIEnvHelper::hasJavaCaller() { return !isAttachedByLibrary() || t_upcallDepth > 0; }
+
+bool JNIEnvHelper::readyForUpcall(JNIEnv* env) { return !settleUpcall(env); }
+
+bool JNIEnvHelper::settleUpcall(JNIEnv* env) {
+  if (!env->ExceptionCheck()) return false;
+  if (hasJavaCaller()) return true;
+  // No Java frame will ever see it: leave a trace, and let the thread go on
+  // with a clean environment.
+  env->ExceptionDescribe();
+  env->ExceptionClear();
+  return false;
+}
+
+JNIEnvHelper::UpcallScope::UpcallScope() { ++t_upcallDepth; }
+
+JNIEnvHelper::UpcallScope::~UpcallScope() { --t_upcallDepth; }

@@ -37,24 +37,34 @@ namespace {
 
 // Toolkit errors of the routed classes become calls of the static Java
 // Orvex.printErrorMessage(String), on whatever thread the error is posted.
-void errorHandlerCB(const SoError* error, void* /*data*/) {
+// What Java does with the text, including any exception it raises, follows
+// the upcall rules of JNIEnvHelper: the exception is cleared after a trace on
+// a thread the bridge attached, and left to the Java caller otherwise. When
+// Java cannot be called, the toolkit prints the error itself.
+void errorHandlerCB(const SoError* error, void* data) {
   JNIEnv* env = JNIEnvHelper::getEnv();
-  if (env == nullptr) return;
-  jclass orvex = env->FindClass("com/orvexa/orvex/Orvex");
-  if (orvex == nullptr) return;
-  jmethodID print = env->GetStaticMethodID(orvex, "printErrorMessage", "(Ljava/lang/String;)V");
-  if (print == nullptr) return;
-  const SbString text = error->getDebugString();
-  jstring message = env->NewStringUTF(text.getString());
-  // What Java does with the text, including any exception it raises, is the
-  // Java side's business: a pending exception is left to the Java caller.
-  env->CallStaticVoidMethod(orvex, print, message);
+  if (env == nullptr || !JNIEnvHelper::readyForUpcall(env)) {
+    SoError::defaultHandlerCB(error, data);
+    return;
+  }
   // Errors posted on a toolkit thread never return to a Java frame, so the
   // local references are given back here rather than accumulating.
-  env->DeleteLocalRef(message);
-  env->DeleteLocalRef(orvex);
-  // Marks the call as checked for the JNI checker; the outcome stays pending.
-  (void)env->ExceptionCheck();
+  const ScopedLocalRef<jclass> orvex(env, env->FindClass("com/orvexa/orvex/Orvex"));
+  jmethodID print = orvex ? env->GetStaticMethodID(orvex.get(), "printErrorMessage", "(Ljava/lang/String;)V") : nullptr;
+  // Full Unicode: the toolkit's text is standard UTF-8, not the virtual
+  // machine's modified form.
+  const ScopedLocalRef<jstring> message(
+      env, print != nullptr ? StringHelper::fromNativeString(env, error->getDebugString()) : nullptr);
+  if (!message) {
+    JNIEnvHelper::settleUpcall(env);
+    SoError::defaultHandlerCB(error, data);
+    return;
+  }
+  {
+    const JNIEnvHelper::UpcallScope upcall;
+    env->CallStaticVoidMethod(orvex.get(), print, message.get());
+  }
+  JNIEnvHelper::settleUpcall(env);
 }
 
 // A type name the toolkit does not know is offered to the Java side, which
@@ -62,19 +72,24 @@ void errorHandlerCB(const SoError* error, void* /*data*/) {
 //
 // A failed lookup is reported as a toolkit debug error instead of the lookup's
 // own exception, which is cleared first: the debug error's handler may itself
-// call into Java, which must not happen with an exception pending.
+// call into Java, which must not happen with an exception pending. An
+// exception raised by the Java side follows the upcall rules of JNIEnvHelper
+// (left to a Java caller, cleared after a trace otherwise); the type stays
+// bad.
 intptr_t unknownTypeCB(const SbName& name) {
   SoType result = SoType::badType();
   JNIEnv* env = JNIEnvHelper::getEnv();
-  if (env == nullptr) return 0;  // no Java to ask: the bad type (key 0)
-  jclass manager = env->FindClass("com/orvexa/internal/DynamicTypeManager");
+  // No Java to ask, or an exception already pending for the Java caller: the
+  // bad type (key 0).
+  if (env == nullptr || !JNIEnvHelper::readyForUpcall(env)) return 0;
+  const ScopedLocalRef<jclass> manager(env, env->FindClass("com/orvexa/internal/DynamicTypeManager"));
   jmethodID handle = nullptr;
-  if (manager == nullptr) {
+  if (!manager) {
     env->ExceptionClear();
     SoDebugError::post("soTypeNativeFromNameCB",
                        "The class com/orvexa/internal/DynamicTypeManager cannot be found.");
   } else {
-    handle = env->GetStaticMethodID(manager, "handleUnknownType", "(Ljava/lang/String;)Ljava/lang/String;");
+    handle = env->GetStaticMethodID(manager.get(), "handleUnknownType", "(Ljava/lang/String;)Ljava/lang/String;");
     if (handle == nullptr) {
       env->ExceptionClear();
       SoDebugError::post("soTypeNativeFromNameCB",
@@ -82,19 +97,26 @@ intptr_t unknownTypeCB(const SbName& name) {
                          "found.");
     }
   }
-  if (handle != nullptr) {
-    jstring unknown = StringHelper::fromNativeString(env, name);
-    auto answer = static_cast<jstring>(env->CallStaticObjectMethod(manager, handle, unknown));
-    if (!env->ExceptionCheck()) {  // an exception raised by Java stays pending; the type stays bad
-      StringHelper answerHelper(env, answer);
-      const char* typeName = answerHelper.toUTFString();
-      if (typeName != nullptr) result = SoType::fromName(SbName(typeName));
-    }
-    // Toolkit threads may resolve many names without returning to Java.
-    env->DeleteLocalRef(answer);
-    env->DeleteLocalRef(unknown);
+  if (handle == nullptr) return 0;
+
+  // Toolkit threads may resolve many names without returning to Java.
+  const ScopedLocalRef<jstring> unknown(env, StringHelper::fromNativeString(env, name));
+  if (!unknown) {
+    JNIEnvHelper::settleUpcall(env);
+    return 0;
   }
-  env->DeleteLocalRef(manager);
+  jstring answer = nullptr;
+  {
+    const JNIEnvHelper::UpcallScope upcall;
+    answer = static_cast<jstring>(env->CallStaticObjectMethod(manager.get(), handle, unknown.get()));
+  }
+  const ScopedLocalRef<jstring> answerRef(env, answer);
+  if (JNIEnvHelper::settleUpcall(env)) return 0;
+  {
+    StringHelper answerHelper(env, answer);
+    const char* typeName = answerHelper.toUTFString();
+    if (typeName != nullptr) result = SoType::fromName(SbName(typeName));
+  }
   // The toolkit expects the 16-bit key sign-extended to pointer size.
   return static_cast<intptr_t>(static_cast<int16_t>(result.getKey()));
 }

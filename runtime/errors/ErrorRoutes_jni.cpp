@@ -23,25 +23,50 @@ constexpr char kSoMemoryError[] = "com/orvexa/orvex/errors/SoMemoryError";
 constexpr char kSoReadError[] = "com/orvexa/orvex/errors/SoReadError";
 constexpr char kSoErrorStack[] = "com/orvexa/orvex/errors/SoErrorStack";
 
-// Runs on whatever thread posts the error; nothing is checked on the way (a
-// missing class or method fails in the virtual machine).
+// Runs on whatever thread posts the error. When Java cannot be called (an
+// exception is already pending for a Java caller, or the route's class or
+// method cannot be found), the error is printed the toolkit's way rather
+// than lost. An exception raised by the Java handler follows the upcall rules
+// of JNIEnvHelper: cleared after a trace on a thread the bridge attached,
+// left to the Java caller otherwise.
 template <const char* JavaClass>
-void invokeJava(const SoError* error, void*) {
+void invokeJava(const SoError* error, void* data) {
   JNIEnv* env = JNIEnvHelper::getEnv();
-  if (env == nullptr) return;  // getEnv has said why on the console
-  jclass cls = env->FindClass(JavaClass);
-  jmethodID invoke = env->GetStaticMethodID(cls, "invoke", "(J)V");
-  env->CallStaticVoidMethod(cls, invoke, reinterpret_cast<jlong>(error));
-  env->DeleteLocalRef(cls);
+  if (env == nullptr || !JNIEnvHelper::readyForUpcall(env)) {
+    SoError::defaultHandlerCB(error, data);
+    return;
+  }
+  const ScopedLocalRef<jclass> cls(env, env->FindClass(JavaClass));
+  jmethodID invoke = cls ? env->GetStaticMethodID(cls.get(), "invoke", "(J)V") : nullptr;
+  if (invoke == nullptr) {
+    JNIEnvHelper::settleUpcall(env);
+    SoError::defaultHandlerCB(error, data);
+    return;
+  }
+  {
+    const JNIEnvHelper::UpcallScope upcall;
+    env->CallStaticVoidMethod(cls.get(), invoke, reinterpret_cast<jlong>(error));
+  }
+  JNIEnvHelper::settleUpcall(env);
 }
 
+// Answers whether Java released memory; not when Java cannot be asked or
+// the hook raised an exception.
 bool memoryCleanup(size_t size, void*) {
   JNIEnv* env = JNIEnvHelper::getEnv();
-  if (env == nullptr) return false;  // nothing was released
-  jclass cls = env->FindClass(kSoMemoryError);
-  jmethodID invoke = env->GetStaticMethodID(cls, "invokeMemoryCleanup", "(J)Z");
-  const jboolean released = env->CallStaticBooleanMethod(cls, invoke, static_cast<jlong>(size));
-  env->DeleteLocalRef(cls);
+  if (env == nullptr || !JNIEnvHelper::readyForUpcall(env)) return false;
+  const ScopedLocalRef<jclass> cls(env, env->FindClass(kSoMemoryError));
+  jmethodID invoke = cls ? env->GetStaticMethodID(cls.get(), "invokeMemoryCleanup", "(J)Z") : nullptr;
+  if (invoke == nullptr) {
+    JNIEnvHelper::settleUpcall(env);
+    return false;
+  }
+  jboolean released = JNI_FALSE;
+  {
+    const JNIEnvHelper::UpcallScope upcall;
+    released = env->CallStaticBooleanMethod(cls.get(), invoke, static_cast<jlong>(size));
+  }
+  if (JNIEnvHelper::settleUpcall(env)) return false;
   return released == JNI_TRUE;
 }
 }  // namespace

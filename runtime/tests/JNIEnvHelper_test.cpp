@@ -1,7 +1,9 @@
 // JNIEnvHelper::getEnv against a scripted virtual machine: which invocation
 // calls it makes, with which arguments, and what it answers when the machine
 // refuses. A real virtual machine never refuses an attach, so these paths are
-// only reachable this way.
+// only reachable this way. Also the settlement of upcalls: which exceptions
+// are described and cleared, and which are left pending, on threads attached
+// here and elsewhere.
 
 #include <gtest/gtest.h>
 
@@ -31,10 +33,34 @@ struct Script {
   jint attachVersion = 0;
   std::string attachName;
   jobject attachGroup = reinterpret_cast<jobject>(1);
+  bool exceptionPending = false;
+  int exceptionChecks = 0;
+  int describeCalls = 0;
+  int clearCalls = 0;
 };
 
 Script g_script;
-JNIEnv_ g_env{};                     // only its address is handed out
+
+jboolean JNICALL fakeExceptionCheck(JNIEnv*) {
+  ++g_script.exceptionChecks;
+  return g_script.exceptionPending ? JNI_TRUE : JNI_FALSE;
+}
+void JNICALL fakeExceptionDescribe(JNIEnv*) { ++g_script.describeCalls; }
+void JNICALL fakeExceptionClear(JNIEnv*) {
+  ++g_script.clearCalls;
+  g_script.exceptionPending = false;
+}
+
+// Only the exception functions: any other call would jump through null.
+JNINativeInterface_ exceptionFunctions() {
+  JNINativeInterface_ functions{};
+  functions.ExceptionCheck = fakeExceptionCheck;
+  functions.ExceptionDescribe = fakeExceptionDescribe;
+  functions.ExceptionClear = fakeExceptionClear;
+  return functions;
+}
+const JNINativeInterface_ kEnvFunctions = exceptionFunctions();
+JNIEnv_ g_env{&kEnvFunctions};
 thread_local bool t_attached = false;  // the scripted machine's view of the calling thread
 
 jint JNICALL fakeGetEnv(JavaVM*, void** env, jint version) {
@@ -154,6 +180,128 @@ TEST_F(ScriptedVM, RefusedEnvironmentOfAnOldMachineGivesNullAndTheLine) {
   EXPECT_EQ(getEnvOnNewThread(), nullptr);
   EXPECT_EQ(testing::internal::GetCapturedStdout(), kErrorLine);
   EXPECT_EQ(g_script.attachCalls, 0);
+}
+
+// ---- upcalls ---------------------------------------------------------------
+
+TEST_F(ScriptedVM, ThreadAttachedHereCountsAsAttachedByTheLibrary) {
+  g_script.answerToVersion12 = JNI_EDETACHED;
+  bool before = true;
+  bool after = false;
+  std::thread worker([&] {
+    before = JNIEnvHelper::isAttachedByLibrary();
+    JNIEnvHelper::getEnv();
+    after = JNIEnvHelper::isAttachedByLibrary();
+  });
+  worker.join();
+  EXPECT_FALSE(before);
+  EXPECT_TRUE(after);
+}
+
+TEST_F(ScriptedVM, ThreadAttachedElsewhereIsAJavaThread) {
+  g_script.answerToVersion12 = JNI_OK;
+  bool attachedByLibrary = true;
+  bool javaCaller = false;
+  std::thread worker([&] {
+    JNIEnvHelper::getEnv();
+    attachedByLibrary = JNIEnvHelper::isAttachedByLibrary();
+    javaCaller = JNIEnvHelper::hasJavaCaller();
+  });
+  worker.join();
+  EXPECT_FALSE(attachedByLibrary);
+  EXPECT_TRUE(javaCaller);
+}
+
+// Runs `body` on a fresh thread whose environment getEnv attached (or found
+// attached, when `attachHere` is false).
+template <typename Body>
+void onThread(bool attachHere, Body body) {
+  g_script.answerToVersion12 = attachHere ? JNI_EDETACHED : JNI_OK;
+  std::thread worker([&] { body(JNIEnvHelper::getEnv()); });
+  worker.join();
+}
+
+TEST_F(ScriptedVM, UpcallWithoutExceptionSettlesWithoutTouchingAnything) {
+  for (const bool attachHere : {true, false}) {
+    g_script.describeCalls = g_script.clearCalls = 0;
+    bool leftPending = true;
+    onThread(attachHere, [&](JNIEnv* env) { leftPending = JNIEnvHelper::settleUpcall(env); });
+    EXPECT_FALSE(leftPending);
+    EXPECT_EQ(g_script.describeCalls, 0);
+    EXPECT_EQ(g_script.clearCalls, 0);
+  }
+}
+
+TEST_F(ScriptedVM, ExceptionOnAThreadAttachedHereIsDescribedAndCleared) {
+  bool leftPending = true;
+  onThread(true, [&](JNIEnv* env) {
+    g_script.exceptionPending = true;
+    leftPending = JNIEnvHelper::settleUpcall(env);
+  });
+  EXPECT_FALSE(leftPending);
+  EXPECT_FALSE(g_script.exceptionPending);
+  EXPECT_EQ(g_script.describeCalls, 1);
+  EXPECT_EQ(g_script.clearCalls, 1);
+}
+
+TEST_F(ScriptedVM, ExceptionOnAJavaThreadStaysPendingForTheCaller) {
+  bool leftPending = false;
+  onThread(false, [&](JNIEnv* env) {
+    g_script.exceptionPending = true;
+    leftPending = JNIEnvHelper::settleUpcall(env);
+  });
+  EXPECT_TRUE(leftPending);
+  EXPECT_TRUE(g_script.exceptionPending);
+  EXPECT_EQ(g_script.describeCalls, 0);
+  EXPECT_EQ(g_script.clearCalls, 0);
+}
+
+TEST_F(ScriptedVM, ExceptionInsideAnUpcallOfAThreadAttachedHereStaysPendingForTheJavaBelow) {
+  bool javaCallerInside = false;
+  bool leftPendingInside = false;
+  bool javaCallerAfter = true;
+  bool leftPendingAfter = true;
+  onThread(true, [&](JNIEnv* env) {
+    {
+      // Java called from a callback called native code, which called back.
+      const JNIEnvHelper::UpcallScope outer;
+      javaCallerInside = JNIEnvHelper::hasJavaCaller();
+      g_script.exceptionPending = true;
+      leftPendingInside = JNIEnvHelper::settleUpcall(env);
+    }
+    // Back in the outer callback: nothing Java is below any more.
+    javaCallerAfter = JNIEnvHelper::hasJavaCaller();
+    leftPendingAfter = JNIEnvHelper::settleUpcall(env);
+  });
+  EXPECT_TRUE(javaCallerInside);
+  EXPECT_TRUE(leftPendingInside);
+  EXPECT_FALSE(javaCallerAfter);
+  EXPECT_FALSE(leftPendingAfter);
+  EXPECT_EQ(g_script.describeCalls, 1);
+  EXPECT_EQ(g_script.clearCalls, 1);
+}
+
+TEST_F(ScriptedVM, ReadyForUpcallRefusesOnlyWhenAJavaCallerAwaitsAPendingException) {
+  bool readyOnJavaThread = true;
+  onThread(false, [&](JNIEnv* env) {
+    g_script.exceptionPending = true;
+    readyOnJavaThread = JNIEnvHelper::readyForUpcall(env);
+  });
+  EXPECT_FALSE(readyOnJavaThread);
+  EXPECT_TRUE(g_script.exceptionPending);
+  EXPECT_EQ(g_script.clearCalls, 0);
+
+  // A stale exception on a thread attached here is nobody's: cleared, then ready.
+  bool readyOnAttachedThread = false;
+  onThread(true, [&](JNIEnv* env) { readyOnAttachedThread = JNIEnvHelper::readyForUpcall(env); });
+  EXPECT_TRUE(readyOnAttachedThread);
+  EXPECT_FALSE(g_script.exceptionPending);
+  EXPECT_EQ(g_script.describeCalls, 1);
+  EXPECT_EQ(g_script.clearCalls, 1);
+
+  bool readyWithoutException = false;
+  onThread(false, [&](JNIEnv* env) { readyWithoutException = JNIEnvHelper::readyForUpcall(env); });
+  EXPECT_TRUE(readyWithoutException);
 }
 
 }  // namespace

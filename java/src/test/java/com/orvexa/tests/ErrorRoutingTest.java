@@ -76,6 +76,37 @@ class ErrorRoutingTest {
   }
 
   @Test
+  void readErrorsOfEightNativeThreadsAllReachTheListener() {
+    ErrorUpcallProbe.postOnNativeThreads(ErrorUpcallProbe.READ, 8, 1_000);
+    assertEquals(8_000, messages.size());
+    for (int thread = 0; thread < 8; thread++) {
+      // A read error's text goes on with the line where it occurred.
+      String poster = " of thread " + thread + "\n";
+      assertEquals(1_000, messages.stream().filter(m -> m.contains(poster)).count(), poster);
+    }
+    assertEquals(List.of("Intern-CallBack"), threads.stream().distinct().toList());
+  }
+
+  @Test
+  void aListenerExceptionOnANativeThreadIsPrintedAndClearedAndTheNextErrorArrives() {
+    Orvex.setErrorListener(message -> {
+      messages.add(message);
+      throw new IllegalStateException("listener failed on " + message);
+    });
+    String printed;
+    try (StderrCapture err = new StderrCapture()) {
+      ErrorUpcallProbe.postOnNativeThreads(ErrorUpcallProbe.READ, 1, 3);
+      printed = err.text();
+    }
+    assertEquals(3, messages.size(), messages.toString());
+    for (int index = 0; index < 3; index++) {
+      String expected = "error " + index + " of thread 0\n";
+      assertTrue(messages.get(index).contains(expected), messages.get(index));
+      assertTrue(printed.contains("java.lang.IllegalStateException: listener failed on " + messages.get(index)), printed);
+    }
+  }
+
+  @Test
   void anExceptionOfTheListenerReachesTheJavaCaller() {
     Orvex.setErrorListener(message -> {
       throw new IllegalStateException("listener failed on " + message);
