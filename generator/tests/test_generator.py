@@ -266,7 +266,10 @@ class FixtureJava(unittest.TestCase):
     def test_value_storage_is_checked_by_construction(self):
         j = self.java["ProbeValue"]
         ctor = self.method("ProbeValue", "protected ProbeValue(float[] storage, Void adopt) {")
-        self.assertIn('if (storage.length != 2) throw com.orvexa.internal.NativeCalls.wrongLength("storage", 2,', ctor)
+        self.assertIn("this(storage, 2);", ctor)
+        check = self.method("ProbeValue", "\n  ProbeValue(float[] storage, int length) {")
+        self.assertIn('if (storage.length != length) throw com.orvexa.internal.NativeCalls.wrongLength("storage", length,',
+                      check)
         self.assertIn("return new ProbeValue(storage, null);", j)
 
     def test_objects_are_marked_in_flight_around_the_native_call(self):

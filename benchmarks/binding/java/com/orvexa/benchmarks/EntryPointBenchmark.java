@@ -3,12 +3,14 @@ package com.orvexa.benchmarks;
 import com.orvexa.orvex.SbMatrix;
 import com.orvexa.orvex.SbRotation;
 import com.orvexa.orvex.SbVec3f;
+import com.orvexa.orvex.UncheckedCalls;
 import java.util.Locale;
 
 /**
- * Cost of generated value-type entry points against two baselines measured
- * in the same run: an empty JNI call and the same operation written in plain
- * Java. Prints nanoseconds per call and ratios; it checks nothing.
+ * Cost of generated value-type entry points against baselines measured in
+ * the same run: an empty JNI call, the same operation written in plain Java,
+ * and the same native entry point called without the public method's
+ * argument checks. Prints nanoseconds per call and ratios; it checks nothing.
  *
  * <p>Usage: EntryPointBenchmark [calls per round] [rounds]
  */
@@ -82,6 +84,11 @@ public final class EntryPointBenchmark {
     }, calls, rounds);
     double genRot = nsPerCall(n -> { for (int i = 0; i < n; i++) r.multVec(b, dst); }, calls, rounds);
     double javaRot = nsPerCall(n -> { for (int i = 0; i < n; i++) plainRotate(r.array, b.array, pd); }, calls, rounds);
+    double rawAdd = nsPerCall(n -> { for (int i = 0; i < n; i++) UncheckedCalls.add(a, b); }, calls, rounds);
+    double rawMat = nsPerCall(n -> {
+      for (int i = 0; i < n; i++) UncheckedCalls.multVecMatrix(m, b, dst);
+    }, calls, rounds);
+    double rawRot = nsPerCall(n -> { for (int i = 0; i < n; i++) UncheckedCalls.multVec(r, b, dst); }, calls, rounds);
     sink += a.array[0] + pa[0] + dst.array[0] + pd[0];
 
     System.out.printf(Locale.ROOT, "calls per round %d, best of %d rounds, ns/call%n", calls, rounds);
@@ -95,6 +102,17 @@ public final class EntryPointBenchmark {
     row("SbRotation.multVec", genRot, javaRot, empty2, pin3);
     System.out.printf(Locale.ROOT, "(gen/pinned: the generated entry point against a JNI call that only borrows "
         + "the same arrays; %s)%n", sink != 0 ? "results kept" : "");
+    System.out.printf(Locale.ROOT, "%-34s %9s %9s %10s %9s%n", "argument checks", "checked", "unchecked",
+        "checked/un", "aim");
+    checks("SbVec3f.add", genAdd, rawAdd);
+    checks("SbMatrix.multVecMatrix", genMat, rawMat);
+    checks("SbRotation.multVec", genRot, rawRot);
+  }
+
+  // Aim: the public method's checks add at most 10% to the bare entry point.
+  private static void checks(String name, double checked, double unchecked) {
+    System.out.printf(Locale.ROOT, "%-34s %9.1f %9.1f %10.3f %9s%n", name, checked, unchecked, checked / unchecked,
+        checked <= 1.1 * unchecked ? "<=1.10" : ">1.10");
   }
 
   // Aim: at most twice the JNI floor plus the array copies, i.e. 2 empty + (pinned - empty).

@@ -18,6 +18,11 @@ public final class GenProbeSupport {
   /** A native GuardProbe bound the way Java-extended objects are (it is an ICustomClass). */
   static native long makeCustom();
 
+  /** A probe that Java owns and that counts in {@link GuardProbe#getLiveCount()} until it is freed. */
+  public static GuardProbe newCountedProbe() {
+    return GuardProbe.adopt(GuardProbe.makeDerivedImpl());
+  }
+
   /** Fills the generated CustomGuardProbe's method-identifier table. */
   static native void initCustomGuardProbe();
 

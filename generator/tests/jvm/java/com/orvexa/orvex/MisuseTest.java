@@ -229,7 +229,7 @@ class MisuseTest {
       com.orvexa.genprobe.GenProbeSupport.load();
       int before = com.orvexa.genprobe.GuardProbe.getLiveCount();
       for (int round = 0; round < 200; round++) {
-        com.orvexa.genprobe.GuardProbe probe = new com.orvexa.genprobe.GuardProbe();
+        com.orvexa.genprobe.GuardProbe probe = com.orvexa.genprobe.GenProbeSupport.newCountedProbe();
         AtomicBoolean stop = new AtomicBoolean();
         List<Thread> callers = new ArrayList<>();
         AtomicReference<Throwable> unexpected = new AtomicReference<>();
@@ -237,7 +237,7 @@ class MisuseTest {
           Thread caller = new Thread(() -> {
             try {
               while (!stop.get()) {
-                if (!probe.describe().equals("base")) throw new AssertionError("corrupt object");
+                if (!probe.describe().equals("derived")) throw new AssertionError("corrupt object");
               }
             } catch (IllegalStateException disposed) {
               // the expected end of the calls

@@ -20,7 +20,10 @@ import org.junit.jupiter.api.Test;
  * the toolkit computes alias-safely, so an operand that is only read must
  * not be copied back over the result when its pinned array is released.
  * Methods with two outputs of one class are left out: aliasing two outputs
- * has no meaning.
+ * has no meaning. So is the receiver of a const method passed as its own
+ * output argument (rotation.decompose(axis, rotation, twist)): the receiver
+ * is always pinned to be copied back, and released last, so it keeps its
+ * value, and the toolkit's result for that call is not defined either.
  */
 class ValueAliasingTest {
   static final List<Class<?>> VALUE_CLASSES = List.of(
@@ -49,6 +52,7 @@ class ValueAliasingTest {
           Outcome aliased = run(cls, m, pair, true);
           if (copies == null || aliased == null) continue;  // refused its sample arguments
           if (copies.bothWritten) continue;                  // two outputs
+          if (copies.constReceiverWritesArgument) continue;   // see the class comment
           tried.add(name);
           if (!copies.text.equals(aliased.text)) {
             differing.add(name + ": copies " + copies.text + " / aliased " + aliased.text);
@@ -84,7 +88,7 @@ class ValueAliasingTest {
   }
 
   /** What a call did: its effects on every value operand and its result, and whether it wrote both of a pair. */
-  record Outcome(String text, boolean bothWritten) {}
+  record Outcome(String text, boolean bothWritten, boolean constReceiverWritesArgument) {}
 
   /** The method's effects on all its value operands and its result, or null if it refused the sample. */
   private static Outcome run(Class<?> cls, Method m, int[] pair, boolean aliased) throws Exception {
@@ -112,12 +116,20 @@ class ValueAliasingTest {
       if (e.getCause() instanceof IllegalArgumentException) return null;
       throw e;
     }
+    // The two aliased positions are one object in one run and two in the
+    // other: their state is the one the method wrote (the other is only read).
+    boolean firstWritten = !show(first).equals(firstBefore);
+    boolean secondWritten = !show(args[pair[1]]).equals(secondBefore);
     StringBuilder sb = new StringBuilder();
-    sb.append("this=").append(show(receiver));
-    for (int k = 0; k < args.length; k++) sb.append(" arg").append(k).append('=').append(show(args[k]));
+    if (pair[0] != -1) sb.append("this=").append(show(receiver));
+    for (int k = 0; k < args.length; k++) {
+      if (k != pair[0] && k != pair[1]) sb.append(" arg").append(k).append('=').append(show(args[k]));
+    }
+    sb.append(" pair=").append(show(secondWritten ? args[pair[1]] : first));
     sb.append(" result=").append(show(result));
-    boolean both = !aliased && !show(first).equals(firstBefore) && !show(args[pair[1]]).equals(secondBefore);
-    return new Outcome(sb.toString(), both);
+    boolean both = !aliased && firstWritten && secondWritten;
+    boolean constReceiver = !aliased && pair[0] == -1 && !firstWritten && secondWritten;
+    return new Outcome(sb.toString(), both, constReceiver);
   }
 
   private static Object sample(Class<?> t, int seed) throws Exception {
