@@ -190,15 +190,24 @@ def _class_lines(plan: ClassPlan, fragments_dir: Optional[str], plans: Sequence[
         if plan.base_wrapped is None:
             lines += ["  /** The value's storage: exactly the bytes of the toolkit value. */",
                       f"  public final {w.elem}[] array;", "",
-                      "  /** Adopts {@code storage} (of the right length) as this value's array. */",
+                      "  /** Adopts {@code storage}, which must hold exactly one value, as this value's array. */",
                       f"  protected {name}({w.elem}[] storage, Void adopt) {{",
+                      f"    this(storage, {w.length});", "  }", "",
+                      "  /**",
+                      "   * Adopts {@code storage}, which must have the {@code length} of the generated class",
+                      "   * being constructed. Package-private: only generated subclasses say their length.",
+                      "   */",
+                      f"  {name}({w.elem}[] storage, int length) {{",
                       "    if (storage == null) throw com.orvexa.internal.NativeCalls.nullArgument(\"storage\");",
-                      f"    if (storage.length != {w.length}) "
-                      f"throw com.orvexa.internal.NativeCalls.wrongLength(\"storage\", {w.length}, storage.length);",
+                      "    if (storage.length != length) "
+                      "throw com.orvexa.internal.NativeCalls.wrongLength(\"storage\", length, storage.length);",
                       "    this.array = storage;", "  }", ""]
         else:
-            lines += [f"  protected {name}({w.elem}[] storage, Void adopt) {{",
-                      "    super(storage, adopt);", "  }", ""]
+            lines += ["  /** Adopts {@code storage}, which must hold exactly one value, as this value's array. */",
+                      f"  protected {name}({w.elem}[] storage, Void adopt) {{",
+                      f"    super(storage, {w.length});", "  }", "",
+                      f"  {name}({w.elem}[] storage, int length) {{",
+                      "    super(storage, length);", "  }", ""]
         lines += ["  /** A value viewing {@code storage}, which must hold exactly one value. */",
                   f"  public static {name} wrap({w.elem}[] storage) {{",
                   f"    return new {name}(storage, null);", "  }", "",

@@ -208,6 +208,9 @@ def plan_class(name: str, classes: Dict[str, CClass], wrapped: Dict[str, Wrapped
         java_base = "com.orvexa.orvex.misc.SoBase" if w.kind == "refcounted" else "com.orvexa.orvex.Orvex"
     if base_w is not None and (base_w.kind == "value") != (w.kind == "value"):
         raise PlanError(f"{name}: a value type and a handle class cannot derive from each other")
+    if base_w is not None and w.kind == "value" and base_w.package != w.package:
+        # The length check of the storage goes through a package-private constructor.
+        raise PlanError(f"{name}: a value type must be in the package of the value type it extends")
 
     plan = ClassPlan(cls, w, rules, java_base, base_w, extensible=name in rules.extensible)
     plan.assumed_bytes = crules.assumed_bytes or cls.size
