@@ -15,10 +15,21 @@ class SoBase;
 // that tells ASCII from binary; files compressed with gzip are recognised by
 // their signature and decompressed on opening.
 //
+// Memory is bounded: a file or stream is read only up to getMaxInputBytes()
+// and compressed content is inflated chunk by chunk only up to
+// getMaxInflatedBytes(); beyond either limit the input is refused with a read
+// error, so an endless stream or a small file that inflates to gigabytes
+// stops at the limit. A file whose first bytes show that it is no scene file
+// (neither a header nor compressed) is refused after its first chunk. Running
+// out of memory while reading is a read error too, never an abort.
+//
 // The low-level read() members parse one token in the current format; they
 // answer false (without posting) at the end of the input or when the token
-// does not have the requested form. Errors are posted with SoReadError::post,
-// which names the current file and line.
+// does not have the requested form. A number that has the form but not the
+// range of its type (1e999999 for a float, 70000 for a short) is posted as a
+// read error and answers false too; numbers too close to zero for a float or
+// double read as zero. Errors are posted with SoReadError::post, which names
+// the current file and line. Lines end with LF, CR LF or a lone CR.
 class SoInput {
  public:
   // Kinds of file the toolkit family can import; this toolkit reads its own.
@@ -59,8 +70,21 @@ class SoInput {
   virtual void closeFile();
   // Reads from an open file; the caller keeps ownership.
   virtual void setFilePointer(FILE* fp);
-  // Reads from memory that the caller keeps valid while reading.
+  // Reads from memory that the caller keeps valid while reading. Only the
+  // limit on inflated bytes applies (to a compressed buffer).
   virtual void setBuffer(void* buffer, size_t bufSize);
+
+  // Largest file or stream (as stored: compressed or not) that openFile(),
+  // pushFile() and setFilePointer() accept. Default 1 GiB.
+  void setMaxInputBytes(size_t maxBytes);
+  size_t getMaxInputBytes() const;
+  // Largest content that a compressed file or buffer may inflate to.
+  // Default 1 GiB. With both defaults a reader holds at most about 2 GiB of
+  // file data at once (1 GiB while inflating and 1 GiB inflated), which a
+  // machine of a few GiB survives. The limits apply to what is opened after
+  // they are set.
+  void setMaxInflatedBytes(size_t maxBytes);
+  size_t getMaxInflatedBytes() const;
 
   // True when the current input starts with a valid header (a file) or is
   // readable text (a buffer, where the header may be omitted).
@@ -145,6 +169,7 @@ class SoInput {
  private:
   Source* cur() const;
   bool openSource(std::unique_ptr<Source> src, bool push);
+  bool openStream(std::unique_ptr<Source> src, FILE* fp, bool push);
   bool fill();
   void popSource();
   bool readHeader(Source& src);
@@ -162,4 +187,6 @@ class SoInput {
   std::vector<RefEntry> m_refLog;
   std::vector<SoBase*> m_reading;
   FileTypes m_fileType = Orvexa;
+  size_t m_maxInputBytes;
+  size_t m_maxInflatedBytes;
 };

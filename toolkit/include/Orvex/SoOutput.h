@@ -49,6 +49,12 @@ class SoOutput {
   virtual bool openFile(const SbString& fileName);
   // Flushes and closes the file this output opened.
   virtual void closeFile();
+  // True when writing to the current target failed (a full disk, a closed
+  // pipe, a flush or a close that failed, a memory buffer that could not
+  // grow), or closing the file last closed with closeFile() did. The first
+  // failure is posted as a debug error; later output to that target is
+  // dropped. Setting a new target clears it.
+  bool hasWriteError() const;
   // Writes into memory. With a reallocation function the buffer grows as
   // needed; a null buffer and function give a buffer the output manages
   // itself. `offset` bytes at the start of the buffer are kept.
@@ -149,6 +155,7 @@ class SoOutput {
   void flushChunk();
 
   std::unique_ptr<Target> m_target;
+  bool m_closedTargetFailed = false;
   bool m_binary = false;
   bool m_headerWritten = false;
   SbString m_header;

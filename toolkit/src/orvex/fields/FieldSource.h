@@ -293,6 +293,10 @@ bool readBinary(SoInput* in, T* values, int num, bool& done) {
       SoMField::writeValue(out);                                                       \
   }                                                                                    \
   bool className::readBinaryValues(SoInput* in, int numToRead) {                       \
+    /* A count that the bytes left cannot hold is refused before allocating. */       \
+    if (numToRead < 0 || static_cast<uint64_t>(numToRead) * orvex::fio::BinarySize<valueType>::bytes > \
+                             in->getNumBytesLeft())                                    \
+      return false;                                                                    \
     allocValues(numToRead);                                                            \
     bool done = false;                                                                 \
     const bool ok = orvex::fio::readBinary(in, values, numToRead, done);               \

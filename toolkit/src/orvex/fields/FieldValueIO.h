@@ -177,6 +177,56 @@ void write(SoOutput* out, const SbMatrixd& m);
 bool read(SoInput* in, SbPlane& p);
 void write(SoOutput* out, const SbPlane& p);
 
+// ---- the size of a value in binary files ----------------------------------------
+
+// Fewest bytes one value takes in a binary file, so that a count the bytes
+// left cannot hold is refused before anything is allocated for it. Every
+// number takes at least a 4-byte word (8- and 16-bit integers are written
+// as words); strings and names take at least their length word, objects
+// at least one word.
+template <class T>
+struct BinarySize {
+  static constexpr size_t bytes = std::is_arithmetic_v<T> && sizeof(T) > 4 ? sizeof(T) : 4;
+};
+#define ORVEX_FIO_BINARY_SIZE(T, C, N) \
+  template <>                          \
+  struct BinarySize<T> {               \
+    static constexpr size_t bytes = (N) * BinarySize<C>::bytes; \
+  };
+ORVEX_FIO_BINARY_SIZE(SbTime, double, 1)
+ORVEX_FIO_BINARY_SIZE(SbVec2f, float, 2)
+ORVEX_FIO_BINARY_SIZE(SbVec3f, float, 3)
+ORVEX_FIO_BINARY_SIZE(SbVec4f, float, 4)
+ORVEX_FIO_BINARY_SIZE(SbVec2d, double, 2)
+ORVEX_FIO_BINARY_SIZE(SbVec3d, double, 3)
+ORVEX_FIO_BINARY_SIZE(SbVec4d, double, 4)
+ORVEX_FIO_BINARY_SIZE(SbVec2i32, int32_t, 2)
+ORVEX_FIO_BINARY_SIZE(SbVec3i32, int32_t, 3)
+ORVEX_FIO_BINARY_SIZE(SbVec4i32, int32_t, 4)
+ORVEX_FIO_BINARY_SIZE(SbVec4ui32, uint32_t, 4)
+ORVEX_FIO_BINARY_SIZE(SbVec2s, short, 2)
+ORVEX_FIO_BINARY_SIZE(SbVec3s, short, 3)
+ORVEX_FIO_BINARY_SIZE(SbVec4s, short, 4)
+ORVEX_FIO_BINARY_SIZE(SbVec4us, unsigned short, 4)
+ORVEX_FIO_BINARY_SIZE(SbVec4b, signed char, 4)
+ORVEX_FIO_BINARY_SIZE(SbVec4ub, unsigned char, 4)
+ORVEX_FIO_BINARY_SIZE(SbColor, float, 3)
+ORVEX_FIO_BINARY_SIZE(SbColorRGBA, float, 4)
+ORVEX_FIO_BINARY_SIZE(SbBox2f, float, 4)
+ORVEX_FIO_BINARY_SIZE(SbBox2d, double, 4)
+ORVEX_FIO_BINARY_SIZE(SbBox2i32, int32_t, 4)
+ORVEX_FIO_BINARY_SIZE(SbBox2s, short, 4)
+ORVEX_FIO_BINARY_SIZE(SbBox3f, float, 6)
+ORVEX_FIO_BINARY_SIZE(SbBox3d, double, 6)
+ORVEX_FIO_BINARY_SIZE(SbBox3i32, int32_t, 6)
+ORVEX_FIO_BINARY_SIZE(SbBox3s, short, 6)
+ORVEX_FIO_BINARY_SIZE(SbRotation, float, 4)
+ORVEX_FIO_BINARY_SIZE(SbRotationd, double, 4)
+ORVEX_FIO_BINARY_SIZE(SbMatrix, float, 16)
+ORVEX_FIO_BINARY_SIZE(SbMatrixd, double, 16)
+ORVEX_FIO_BINARY_SIZE(SbPlane, float, 4)
+#undef ORVEX_FIO_BINARY_SIZE
+
 // ---- equality ----------------------------------------------------------------
 
 template <class T>

@@ -27,9 +27,10 @@ bool parseFlatAscii(SoInput* in, std::vector<C>& out, int n) {
   ++p;
   int newlines = 0;
   // Whitespace between numbers; no comments (the slow path handles them).
+  // Lines end with LF, CR LF (counted at its LF) or a lone CR.
   auto skip = [&] {
     while (p < end) {
-      if (*p == '\n')
+      if (*p == '\n' || (*p == '\r' && (p + 1 == end || p[1] != '\n')))
         ++newlines;
       else if (!isBlank(*p))
         break;

@@ -83,9 +83,10 @@ bool SoMField::readValue(SoInput* in) {
   if (in->isBinary()) {
     int count = 0;
     if (!in->read(count) || count < 0) return false;
-    // Every value takes at least one byte, so a count beyond what is left
-    // is a damaged file, not a reason to allocate.
-    if (static_cast<size_t>(count) > in->getNumBytesLeft()) return false;
+    // Every value takes at least one 4-byte word, so a count beyond what is
+    // left is a damaged file, not a reason to allocate. (The field types
+    // check their exact value size before allocating.)
+    if (static_cast<uint64_t>(count) * 4 > in->getNumBytesLeft()) return false;
     return readBinaryValues(in, count);
   }
   char c;

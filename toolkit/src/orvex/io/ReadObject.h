@@ -20,4 +20,8 @@ enum class ReadResult {
 // derive from expectedType.
 ReadResult readObject(SoInput* in, SoBase*& base, SoType expectedType);
 
+// Posts that memory ran out at the input's position. Never throws: when
+// even the message cannot be made, nothing is posted.
+void postOutOfMemory(SoInput* in) noexcept;
+
 }  // namespace orvex

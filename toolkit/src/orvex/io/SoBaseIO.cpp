@@ -8,6 +8,11 @@
 #include <Orvex/nodes/SoNode.h>
 #include <Orvex/nodes/SoUnknownNode.h>
 
+#include <new>
+#include <stdexcept>
+#include <string>
+
+#include "MessageText.h"
 #include "ReadObject.h"
 
 namespace orvex {
@@ -18,6 +23,23 @@ namespace {
 constexpr int kFlagFieldDescriptions = 1;
 
 bool readWord(SoInput* in, SbName& word) { return in->read(word, false); }
+
+// A name read from the file, as a message shows it (bounded).
+std::string quoted(const SbName& name) { return quoteForMessage(name.getString(), static_cast<size_t>(name.getLength())); }
+
+// Keeps the input's list of objects being read in step on every way out.
+class ObjectBeingRead {
+ public:
+  ObjectBeingRead(SoInput* in, SoBase* object) : m_in(in), m_depth(in->enterObject(object)) {}
+  ~ObjectBeingRead() { m_in->leaveObject(); }
+  ObjectBeingRead(const ObjectBeingRead&) = delete;
+  ObjectBeingRead& operator=(const ObjectBeingRead&) = delete;
+  int depth() const { return m_depth; }
+
+ private:
+  SoInput* m_in;
+  int m_depth;
+};
 
 // Posts what stands where an object was expected.
 void postUnexpected(SoInput* in, const char* what) {
@@ -74,15 +96,15 @@ ReadResult readObject(SoInput* in, SoBase*& base, SoType expectedType) {
     }
     SoBase* found = in->findReference(name);
     if (!found) {
-      SoReadError::post(in, "Unknown reference \"%s\"", name.getString());
+      SoReadError::post(in, "Unknown reference \"%s\"", quoted(name).c_str());
       return ReadResult::FAIL;
     }
     if (in->isBeingRead(found)) {
-      SoReadError::post(in, "\"%s\" is used inside its own definition", name.getString());
+      SoReadError::post(in, "\"%s\" is used inside its own definition", quoted(name).c_str());
       return ReadResult::FAIL;
     }
     if (!found->isOfType(expectedType)) {
-      SoReadError::post(in, "\"%s\" is a %s, where a %s is expected", name.getString(),
+      SoReadError::post(in, "\"%s\" is a %s, where a %s is expected", quoted(name).c_str(),
                         found->getTypeId().getName().getString(), expectedType.getName().getString());
       return ReadResult::FAIL;
     }
@@ -108,7 +130,7 @@ ReadResult readObject(SoInput* in, SoBase*& base, SoType expectedType) {
   if (type.isBad() && !in->isBinary()) {
     char next;
     if (in->peek(next) && next != '{') {
-      SoReadError::post(in, "Unknown node type or field \"%s\"", word.getString());
+      SoReadError::post(in, "Unknown node type or field \"%s\"", quoted(word).c_str());
       return ReadResult::FAIL;
     }
   }
@@ -116,7 +138,7 @@ ReadResult readObject(SoInput* in, SoBase*& base, SoType expectedType) {
   int flags = 0;
   if (in->isBinary()) {
     if (!in->read(flags)) {
-      SoReadError::post(in, "Premature end of file after \"%s\"", word.getString());
+      SoReadError::post(in, "Premature end of file after \"%s\"", quoted(word).c_str());
       return ReadResult::FAIL;
     }
   } else if (!expectChar(in, '{', "after the type name")) {
@@ -125,9 +147,11 @@ ReadResult readObject(SoInput* in, SoBase*& base, SoType expectedType) {
 
   // The type: registered, or supplied by the unknown-name callback.
   SoBase* object = nullptr;
+  bool isUnknown = false;
   if (!type.isBad() && type.isDerivedFrom(SoBase::getClassTypeId()) && type.canCreateInstance()) {
     if (!type.isDerivedFrom(expectedType)) {
-      SoReadError::post(in, "A %s stands where a %s is expected", word.getString(), expectedType.getName().getString());
+      SoReadError::post(in, "A %s stands where a %s is expected", quoted(word).c_str(),
+                        expectedType.getName().getString());
       return ReadResult::FAIL;
     }
     object = static_cast<SoBase*>(type.createInstance());
@@ -135,33 +159,41 @@ ReadResult readObject(SoInput* in, SoBase*& base, SoType expectedType) {
   if (!object) {
     const bool described = in->isBinary() ? (flags & kFlagFieldDescriptions) != 0 : describesFields(in);
     if (!described) {
-      SoReadError::post(in, "Unknown node type \"%s\"", word.getString());
+      SoReadError::post(in, "Unknown node type \"%s\"", quoted(word).c_str());
       return ReadResult::FAIL;
     }
     if (!SoUnknownNode::getClassTypeId().isDerivedFrom(expectedType)) {
-      SoReadError::post(in, "Unknown type \"%s\" where a %s is expected", word.getString(),
+      SoReadError::post(in, "Unknown type \"%s\" where a %s is expected", quoted(word).c_str(),
                         expectedType.getName().getString());
       return ReadResult::FAIL;
     }
-    auto* unknown = new SoUnknownNode;
-    unknown->setClassName(word.getString());
-    object = unknown;
+    object = new SoUnknownNode;
+    isUnknown = true;
     flags |= kFlagFieldDescriptions;
   }
 
   object->ref();
-  if (!!defName) {
-    object->setName(defName);
-    in->addReference(defName, object);
+  bool ok = false;
+  // Running out of memory inside the object (a huge value, a long list) is
+  // a read error at this point of the file; the object and what it holds
+  // are released as for any failed read.
+  try {
+    if (isUnknown) static_cast<SoUnknownNode*>(object)->setClassName(word.getString());
+    if (!!defName) {
+      object->setName(defName);
+      in->addReference(defName, object);
+    }
+    const ObjectBeingRead reading(in, object);
+    if (reading.depth() > SoInput::kMaxNesting) {
+      SoReadError::post(in, "Objects nested too deeply");
+    } else {
+      ok = object->readInstance(in, static_cast<unsigned short>(flags));
+    }
+  } catch (const std::bad_alloc&) {
+    postOutOfMemory(in);
+  } catch (const std::length_error&) {
+    postOutOfMemory(in);
   }
-  if (in->enterObject(object) > SoInput::kMaxNesting) {
-    in->leaveObject();
-    SoReadError::post(in, "Objects nested too deeply");
-    object->unref();
-    return ReadResult::FAIL;
-  }
-  bool ok = object->readInstance(in, static_cast<unsigned short>(flags));
-  in->leaveObject();
   if (ok && !in->isBinary()) ok = expectChar(in, '}', "at the end of the object");
   if (!ok) {
     object->unref();
@@ -169,6 +201,14 @@ ReadResult readObject(SoInput* in, SoBase*& base, SoType expectedType) {
   }
   base = object;
   return ReadResult::OK;
+}
+
+void postOutOfMemory(SoInput* in) noexcept {
+  try {
+    SoReadError::post(in, "Out of memory while reading");
+  } catch (...) {
+    // Not even the message fits: the failed read says enough.
+  }
 }
 
 }  // namespace orvex

@@ -8,6 +8,8 @@
 #include <Orvex/nodes/SoSeparator.h>
 
 #include <mutex>
+#include <new>
+#include <stdexcept>
 #include <vector>
 
 #include "ReadObject.h"
@@ -45,12 +47,20 @@ std::string firstLine(const char* text) {
 }
 
 // One object of the given type; rolls back everything the attempt defined
-// when it fails.
+// when it fails. Running out of memory is a failed read like any other
+// (objects catch it while they read; this catches it around them).
 bool readTopLevel(SoInput* in, SoBase*& base, SoType type) {
   base = nullptr;
   if (!in || !in->isValidBuffer()) return false;
   const size_t mark = in->markReferences();
-  const orvex::ReadResult r = orvex::readObject(in, base, type);
+  orvex::ReadResult r = orvex::ReadResult::FAIL;
+  try {
+    r = orvex::readObject(in, base, type);
+  } catch (const std::bad_alloc&) {
+    orvex::postOutOfMemory(in);
+  } catch (const std::length_error&) {
+    orvex::postOutOfMemory(in);
+  }
   if (r == orvex::ReadResult::FAIL) {
     in->rollBackReferences(mark);
     return false;
@@ -84,14 +94,25 @@ SoSeparator* SoDB::readAll(SoInput* in) {
   root->ref();
   for (;;) {
     SoNode* node = nullptr;
-    if (!read(in, node)) {
+    bool ok = read(in, node);
+    if (ok && !node) break;
+    if (ok) {
+      // Held while added: the child list may fail to grow.
+      node->ref();
+      try {
+        root->addChild(node);
+      } catch (const std::bad_alloc&) {
+        orvex::postOutOfMemory(in);
+        ok = false;
+      }
+      node->unref();
+    }
+    if (!ok) {
       // Nothing read from this input so far stays referenced.
       root->unref();
       in->rollBackReferences(mark);
       return nullptr;
     }
-    if (!node) break;
-    root->addChild(node);
   }
   // A file holding exactly one separator gives that separator.
   if (root->getNumChildren() == 1 && root->getChild(0)->getTypeId() == SoSeparator::getClassTypeId()) {

@@ -5,23 +5,28 @@
 #include <Orvex/errors/SoReadError.h>
 #include <Orvex/misc/SoBase.h>
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <charconv>
 #include <cstdlib>
 #include <cstring>
 #include <limits>
 #include <mutex>
+#include <new>
+#include <stdexcept>
 
 #include "Compression.h"
 #include "Endian.h"
+#include "MessageText.h"
 
 // One file or buffer being read. The whole content is in memory: files are
-// read (and decompressed) when opened, so every token is parsed straight from
-// the bytes.
+// read (and decompressed) when opened, up to the input's limits, so every
+// token is parsed straight from the bytes.
 struct SoInput::Source {
   SbString name;           // as the caller gave it
   SbString fullName;       // as found through the directory list
-  std::vector<char> owned;  // content read from a file
+  orvex::ByteBuffer owned;  // content read from a file, or inflated
   const char* data = nullptr;
   size_t size = 0;
   size_t pos = 0;
@@ -84,27 +89,66 @@ void addEnvDirectories(const char* envVar, bool first) {
     for (const SbString& p : parts) addDirectory(p, false);
 }
 
-bool readWholeFile(FILE* fp, std::vector<char>& out) {
-  char chunk[65536];
-  for (;;) {
-    const size_t n = std::fread(chunk, 1, sizeof chunk, fp);
-    out.insert(out.end(), chunk, chunk + n);
-    if (n < sizeof chunk) return !std::ferror(fp);
+// 1 GiB each: a scene file that large is rare, and a reader that holds one
+// (plus its compressed form while inflating) still fits a small machine.
+constexpr size_t kDefaultMaxInputBytes = size_t(1) << 30;
+constexpr size_t kDefaultMaxInflatedBytes = size_t(1) << 30;
+constexpr size_t kReadChunk = size_t(1) << 16;
+
+// Whether content can be a scene file at all: one starts with its header
+// line, a compressed one with the gzip signature (whose first byte is 0x1f).
+bool mayBeSceneFile(const char* data, size_t size) { return size == 0 || data[0] == '#' || data[0] == '\x1f'; }
+bool mayBeInflatedScene(const orvex::ByteBuffer& data) { return data.empty() || data.data()[0] == '#'; }
+
+enum class StreamResult { OK, READ_ERROR, TOO_LARGE };
+
+// Reads the rest of a stream into `out`, but never more than maxBytes. A
+// regular file states its size: one over the limit is refused before
+// anything is read, and the memory is reserved once. Pipes, terminals and
+// devices are read chunk by chunk up to the limit, so an endless stream
+// ends there. With `sniff` the reading stops after the first chunk when it
+// shows that the content cannot be a scene file (the header check then
+// refuses it), so that reading /dev/zero or a large binary fails at once.
+StreamResult readStream(FILE* fp, size_t maxBytes, bool sniff, orvex::ByteBuffer& out) {
+  out.reset();
+  struct stat st;
+  if (fstat(fileno(fp), &st) == 0 && S_ISREG(st.st_mode)) {
+    const off_t at = ftello(fp);
+    const uint64_t left = at >= 0 && st.st_size > at ? uint64_t(st.st_size - at) : 0;
+    if (left > maxBytes) return StreamResult::TOO_LARGE;
+    out.reserve(static_cast<size_t>(left));
+  }
+  std::unique_ptr<char[]> chunk(new char[kReadChunk]);
+  for (bool first = true;; first = false) {
+    const size_t n = std::fread(chunk.get(), 1, kReadChunk, fp);
+    if (n > maxBytes - out.size()) return StreamResult::TOO_LARGE;
+    out.append(chunk.get(), n);
+    if (sniff && first && !mayBeSceneFile(out.data(), out.size())) return StreamResult::OK;
+    if (n < kReadChunk) return std::ferror(fp) ? StreamResult::READ_ERROR : StreamResult::OK;
   }
 }
 
 inline bool isSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f' || c == '\v'; }
+
+// Whether the character at p ends a line: LF, the LF of CR LF, or a lone CR.
+inline bool endsLine(const char* d, size_t p, size_t n) {
+  return d[p] == '\n' || (d[p] == '\r' && (p + 1 >= n || d[p + 1] != '\n'));
+}
 
 // Characters that end an unquoted word.
 inline bool endsWord(char c) { return isSpace(c) || c == '{' || c == '}' || c == '[' || c == ']' || c == ',' || c == '\0'; }
 
 const char kBufferName[] = "";
 
+// Longest line taken for a header: registered headers have at most 80
+// characters.
+constexpr size_t kMaxHeaderLength = 256;
+
 }  // namespace
 
 // ---- construction and the directory list ---------------------------------------
 
-SoInput::SoInput() = default;
+SoInput::SoInput() : m_maxInputBytes(kDefaultMaxInputBytes), m_maxInflatedBytes(kDefaultMaxInflatedBytes) {}
 
 SoInput::~SoInput() { closeFile(); }
 
@@ -179,16 +223,44 @@ bool SoInput::findAbsolutePath(const SbString& fileName, SbString& absolutePath)
 
 SoInput::Source* SoInput::cur() const { return m_stack.empty() ? nullptr : m_stack.back().get(); }
 
+void SoInput::setMaxInputBytes(size_t maxBytes) { m_maxInputBytes = maxBytes; }
+size_t SoInput::getMaxInputBytes() const { return m_maxInputBytes; }
+void SoInput::setMaxInflatedBytes(size_t maxBytes) { m_maxInflatedBytes = maxBytes; }
+size_t SoInput::getMaxInflatedBytes() const { return m_maxInflatedBytes; }
+
 bool SoInput::openSource(std::unique_ptr<Source> src, bool push) {
   if (orvex::isGzip(src->data, src->size)) {
-    std::vector<char> inflated;
-    if (!orvex::gunzip(src->data, src->size, inflated)) {
-      SoReadError::postAt(src->fullName.getString(), 0, "Could not decompress the file");
+    const char* name = src->fullName.getString();
+    try {
+      orvex::ByteBuffer inflated;
+      // Files must start with a header once inflated; buffers need not.
+      const auto result = orvex::gunzip(src->data, src->size, m_maxInflatedBytes, inflated,
+                                        src->requireHeader ? &mayBeInflatedScene : nullptr);
+      if (result == orvex::InflateResult::DAMAGED) {
+        SoReadError::postAt(name, 0, "Could not decompress the file");
+        src->valid = false;
+      } else if (result == orvex::InflateResult::TOO_LARGE) {
+        SoReadError::postAt(name, 0, "The file inflates to more than the limit of %zu bytes (see setMaxInflatedBytes)",
+                            m_maxInflatedBytes);
+        src->valid = false;
+      } else {
+        // The compressed bytes go with `inflated`.
+        src->owned.swap(inflated);
+        src->data = src->owned.data();
+        src->size = src->owned.size();
+      }
+    } catch (const std::bad_alloc&) {
+      SoReadError::postAt(name, 0, "Out of memory decompressing the file");
       src->valid = false;
-    } else {
-      src->owned.swap(inflated);
-      src->data = src->owned.data();
-      src->size = src->owned.size();
+    } catch (const std::length_error&) {
+      SoReadError::postAt(name, 0, "Out of memory decompressing the file");
+      src->valid = false;
+    }
+    if (!src->valid) {
+      // Nothing of an unreadable file is kept.
+      src->owned.reset();
+      src->data = nullptr;
+      src->size = 0;
     }
   }
   if (!push) closeFile();
@@ -217,16 +289,38 @@ bool SoInput::openFile(const SbString& fileName, bool okIfNotFound) {
   src->name = fileName;
   src->fullName = full;
   src->requireHeader = true;
-  const bool ok = readWholeFile(fp, src->owned);
+  const bool ok = openStream(std::move(src), fp, false);
   SbFileHelper::close(fp);
-  if (!ok) {
-    SoReadError::postAt(full.getString(), 0, "Error reading file");
-    closeFile();
+  return ok;
+}
+
+// Reads the stream into the source and opens it; on failure (posted)
+// nothing is opened and, unless pushing, the input is left closed.
+bool SoInput::openStream(std::unique_ptr<Source> src, FILE* fp, bool push) {
+  const char* name = src->fullName.getString();
+  StreamResult result;
+  try {
+    result = readStream(fp, m_maxInputBytes, src->requireHeader, src->owned);
+  } catch (const std::bad_alloc&) {
+    src->owned.reset();
+    SoReadError::postAt(name, 0, "Out of memory reading the file");
+    if (!push) closeFile();
+    return false;
+  }
+  if (result == StreamResult::TOO_LARGE) {
+    src->owned.reset();
+    SoReadError::postAt(name, 0, "The input is larger than the limit of %zu bytes (see setMaxInputBytes)",
+                        m_maxInputBytes);
+  } else if (result == StreamResult::READ_ERROR) {
+    SoReadError::postAt(name, 0, "Error reading file");
+  }
+  if (result != StreamResult::OK) {
+    if (!push) closeFile();
     return false;
   }
   src->data = src->owned.data();
   src->size = src->owned.size();
-  return openSource(std::move(src), false);
+  return openSource(std::move(src), push);
 }
 
 bool SoInput::pushFile(const char* fileName) { return pushFile(SbString(fileName)); }
@@ -243,12 +337,9 @@ bool SoInput::pushFile(const SbString& fileName) {
   src->name = fileName;
   src->fullName = full;
   src->requireHeader = true;
-  const bool ok = readWholeFile(fp, src->owned);
+  const bool ok = openStream(std::move(src), fp, true);
   SbFileHelper::close(fp);
-  if (!ok) return false;
-  src->data = src->owned.data();
-  src->size = src->owned.size();
-  return openSource(std::move(src), true);
+  return ok;
 }
 
 void SoInput::closeFile() {
@@ -261,11 +352,12 @@ void SoInput::closeFile() {
 void SoInput::setFilePointer(FILE* fp) {
   auto src = std::make_unique<Source>();
   src->requireHeader = true;
-  if (fp) readWholeFile(fp, src->owned);
-  src->data = src->owned.data();
-  src->size = src->owned.size();
   if (fp == stdin) src->name = src->fullName = "<stdin>";
-  openSource(std::move(src), false);
+  if (fp) {
+    openStream(std::move(src), fp, false);
+  } else {
+    openSource(std::move(src), false);
+  }
 }
 
 void SoInput::setBuffer(void* buffer, size_t bufSize) {
@@ -282,14 +374,18 @@ bool SoInput::readHeader(Source& src) {
   if (n > 0 && d[0] == '#') {
     size_t end = 0;
     while (end < n && d[end] != '\n' && d[end] != '\r') ++end;
-    std::string line(d, end);
-    while (!line.empty() && isSpace(line.back())) line.pop_back();
+    size_t length = end;
+    while (length > 0 && isSpace(d[length - 1])) --length;
+    // Registered headers are short; a longer line is none of them and is
+    // not copied (a damaged file may have a line of many megabytes).
+    const bool mayBeHeader = length <= kMaxHeaderLength;
+    const std::string line = mayBeHeader ? std::string(d, length) : std::string();
     bool isBinary = false;
     float version = 0;
     SoDBHeaderCB* preCB = nullptr;
     SoDBHeaderCB* postCB = nullptr;
     void* userData = nullptr;
-    if (SoDB::getHeaderData(SbString(line), isBinary, version, preCB, postCB, userData)) {
+    if (mayBeHeader && SoDB::getHeaderData(SbString(line), isBinary, version, preCB, postCB, userData)) {
       src.header = SbString(line);
       src.binary = isBinary;
       src.version = version;
@@ -304,9 +400,9 @@ bool SoInput::readHeader(Source& src) {
       src.line = 2;
       return true;
     }
-    if (src.requireHeader || line.compare(0, 6, "#Orvex") == 0) {
+    if (src.requireHeader || std::string(d, std::min<size_t>(length, 6)) == "#Orvex") {
       SoReadError::postAt(src.fullName.getString(), 1, "Not a valid Orvex file: unknown header \"%s\"",
-                          line.c_str());
+                          orvex::quoteForMessage(d, length).c_str());
       src.valid = false;
       return false;
     }
@@ -407,8 +503,8 @@ bool SoInput::get(char& c) {
     s->pushback.pop_back();
     return true;
   }
+  if (endsLine(s->data, s->pos, s->size)) ++s->line;
   c = s->data[s->pos++];
-  if (c == '\n') ++s->line;
   return true;
 }
 
@@ -434,7 +530,7 @@ void SoInput::putBack(char c) {
   // Usually the character just read: step back over it.
   if (s->pushback.empty() && s->pos > s->headerEnd && s->data[s->pos - 1] == c) {
     --s->pos;
-    if (c == '\n') --s->line;
+    if (endsLine(s->data, s->pos, s->size)) --s->line;
     return;
   }
   s->pushback.push_back(c);
@@ -458,9 +554,9 @@ bool SoInput::skipWhiteSpace() {
       }
       if (c != '#') return true;
       s->pushback.pop_back();
-      // A comment: skip the rest of the line.
+      // A comment: skip the rest of the line (its end is read as whitespace).
       char skip;
-      while (get(skip) && skip != '\n') {
+      while (get(skip) && skip != '\n' && skip != '\r') {
       }
       continue;
     }
@@ -469,13 +565,13 @@ bool SoInput::skipWhiteSpace() {
     const size_t n = s->size;
     while (p < n) {
       const char c = d[p];
-      if (c == '\n') {
+      if (endsLine(d, p, n)) {
         ++s->line;
         ++p;
       } else if (isSpace(c)) {
         ++p;
       } else if (c == '#') {
-        while (p < n && d[p] != '\n') ++p;
+        while (p < n && d[p] != '\n' && d[p] != '\r') ++p;
       } else {
         break;
       }
@@ -590,6 +686,166 @@ bool SoInput::read(SbName& n, bool validIdent) {
 
 // ---- numbers -------------------------------------------------------------------------
 
+namespace {
+
+enum class Parse { OK, BAD, OUT_OF_RANGE };
+
+// A decimal or hexadecimal (0x...) integer with an optional sign at p. On
+// OK and OUT_OF_RANGE `next` is past the number's text. Unsigned targets
+// also take negative values, which wrap as in C.
+Parse parseInteger(const char* p, const char* end, bool isUnsigned, int64_t& value, const char*& next) {
+  bool negative = false;
+  if (p < end && (*p == '-' || *p == '+')) {
+    negative = *p == '-';
+    ++p;
+  }
+  int base = 10;
+  if (end - p > 2 && p[0] == '0' && (p[1] == 'x' || p[1] == 'X')) {
+    base = 16;
+    p += 2;
+  }
+  uint64_t magnitude = 0;
+  const auto [after, ec] = std::from_chars(p, end, magnitude, base);
+  next = after;
+  if (ec == std::errc::result_out_of_range) return Parse::OUT_OF_RANGE;
+  if (ec != std::errc() || after == p) return Parse::BAD;
+  if (negative) {
+    if (magnitude > uint64_t(std::numeric_limits<int64_t>::max()) + 1) return Parse::OUT_OF_RANGE;
+    value = static_cast<int64_t>(0 - magnitude);
+  } else {
+    if (!isUnsigned && magnitude > uint64_t(std::numeric_limits<int64_t>::max())) return Parse::OUT_OF_RANGE;
+    value = static_cast<int64_t>(magnitude);
+  }
+  return Parse::OK;
+}
+
+// Whether a decimal number that no floating type can hold is too large
+// rather than too small: the sign of its decimal order of magnitude.
+// (from_chars reports both as out of range without telling which.)
+bool isTooLarge(const char* p, const char* end) {
+  if (p < end && (*p == '-' || *p == '+')) ++p;
+  auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+  int64_t integerDigits = 0;  // from the first significant digit on
+  int64_t leadingZeros = 0;   // of the fraction, before its first significant digit
+  bool significant = false;
+  for (; p < end && isDigit(*p); ++p) {
+    if (*p != '0') significant = true;
+    if (significant) ++integerDigits;
+  }
+  if (p < end && *p == '.') {
+    for (++p; p < end && isDigit(*p); ++p) {
+      if (*p != '0') significant = true;
+      if (!significant) ++leadingZeros;
+    }
+  }
+  int64_t exponent = 0;
+  if (p < end && (*p == 'e' || *p == 'E')) {
+    ++p;
+    bool negative = false;
+    if (p < end && (*p == '-' || *p == '+')) negative = *p++ == '-';
+    // Saturates: any exponent beyond a billion decides on its own.
+    for (; p < end && isDigit(*p); ++p)
+      if (exponent < 1000000000) exponent = exponent * 10 + (*p - '0');
+    if (negative) exponent = -exponent;
+  }
+  const int64_t order = integerDigits > 0 ? exponent + integerDigits - 1 : exponent - leadingZeros - 1;
+  return order >= 0;
+}
+
+// A float or double at p; VRML also allows a leading '+'. Numbers too
+// close to zero for the type read as zero (as strtod does); too large ones
+// are OUT_OF_RANGE.
+template <class T>
+Parse parseReal(const char* p, const char* end, T& value, const char*& next) {
+  if (p < end && *p == '+') ++p;
+  const auto [after, ec] = std::from_chars(p, end, value);
+  next = after;
+  if (ec == std::errc::result_out_of_range) {
+    if (isTooLarge(p, after)) return Parse::OUT_OF_RANGE;
+    value = *p == '-' ? -T(0) : T(0);
+    return Parse::OK;
+  }
+  if (ec != std::errc() || after == p) return Parse::BAD;
+  return Parse::OK;
+}
+
+template <class T>
+const char* typeName() {
+  if constexpr (std::is_same_v<T, float>) return "a float";
+  if constexpr (std::is_same_v<T, double>) return "a double";
+  return "an integer";
+}
+
+// Posts a number that has the form of a number but not a value the target
+// can hold.
+void postOutOfRange(const SoInput* in, const char* text, const char* end, const char* what) {
+  SoReadError::post(in, "Number %s is out of range for %s",
+                    orvex::quoteForMessage(text, static_cast<size_t>(end - text)).c_str(), what);
+}
+
+template <class T>
+bool narrow(const SoInput* in, int64_t v, T& out) {
+  if (v < int64_t(std::numeric_limits<T>::min()) || v > int64_t(std::numeric_limits<T>::max())) {
+    SoReadError::post(in, "Number %lld is out of range (%lld to %lld)", static_cast<long long>(v),
+                      static_cast<long long>(std::numeric_limits<T>::min()),
+                      static_cast<long long>(std::numeric_limits<T>::max()));
+    return false;
+  }
+  out = static_cast<T>(v);
+  return true;
+}
+
+// Unsigned values accept the signed range of the same width too (wrapping).
+template <class T>
+bool narrowUnsigned(const SoInput* in, int64_t v, T& out) {
+  using S = std::make_signed_t<T>;
+  if (v < int64_t(std::numeric_limits<S>::min()) || v > int64_t(std::numeric_limits<T>::max())) {
+    SoReadError::post(in, "Number %lld is out of range (%lld to %llu)", static_cast<long long>(v),
+                      static_cast<long long>(std::numeric_limits<S>::min()),
+                      static_cast<unsigned long long>(std::numeric_limits<T>::max()));
+    return false;
+  }
+  out = static_cast<T>(v);
+  return true;
+}
+
+// The next word of text that was given back (rare): gathered so that it can
+// be parsed like text in the buffer.
+std::string takeGivenBackWord(SoInput* in, bool stopAtOperators) {
+  std::string token;
+  char c;
+  while (in->get(c)) {
+    if (endsWord(c) || (stopAtOperators && (c == ')' || c == '|'))) {
+      in->putBack(c);
+      break;
+    }
+    token += c;
+  }
+  return token;
+}
+
+// An ASCII float or double: parsed in place, or from the word given back.
+template <class T>
+bool readReal(SoInput* in, SoInput::Source* s, T& value) {
+  if (!s->pushback.empty()) {
+    const std::string token = takeGivenBackWord(in, false);
+    const char* end = token.data() + token.size();
+    const char* next = nullptr;
+    const Parse r = parseReal(token.data(), end, value, next);
+    if (r == Parse::OUT_OF_RANGE) postOutOfRange(in, token.data(), next, typeName<T>());
+    return r == Parse::OK && next == end;
+  }
+  const char* start = s->data + s->pos;
+  const char* next = nullptr;
+  const Parse r = parseReal(start, s->data + s->size, value, next);
+  if (r == Parse::OUT_OF_RANGE) postOutOfRange(in, start, next, typeName<T>());
+  if (r != Parse::OK) return false;
+  s->pos = static_cast<size_t>(next - s->data);
+  return true;
+}
+
+}  // namespace
+
 bool SoInput::read(bool& b) {
   if (isBinary()) {
     int v;
@@ -619,48 +875,23 @@ bool SoInput::read(bool& b) {
   return false;
 }
 
-// A decimal or hexadecimal (0x...) integer with an optional sign. Unsigned
-// targets also take negative values, which wrap as in C.
 bool SoInput::readInteger(int64_t& value, bool isUnsigned) {
   if (!skipWhiteSpace()) return false;
   Source* s = cur();
   if (!s->pushback.empty()) {
-    // Rare: text given back. Gather the token into a small buffer.
-    std::string token;
-    char c;
-    while (get(c)) {
-      if (endsWord(c) || c == ')' || c == '|') {
-        putBack(c);
-        break;
-      }
-      token += c;
-    }
-    SoInput sub;
-    sub.setBuffer(token.data(), token.size());
-    return sub.readInteger(value, isUnsigned) && sub.getNumBytesLeft() == 0;
+    // Rare: text given back. The whole word must be the number.
+    const std::string token = takeGivenBackWord(this, true);
+    const char* end = token.data() + token.size();
+    const char* next = nullptr;
+    const Parse r = parseInteger(token.data(), end, isUnsigned, value, next);
+    if (r == Parse::OUT_OF_RANGE) postOutOfRange(this, token.data(), next, typeName<int>());
+    return r == Parse::OK && next == end;
   }
-  const char* p = s->data + s->pos;
-  const char* end = s->data + s->size;
-  bool negative = false;
-  if (p < end && (*p == '-' || *p == '+')) {
-    negative = *p == '-';
-    ++p;
-  }
-  int base = 10;
-  if (end - p > 2 && p[0] == '0' && (p[1] == 'x' || p[1] == 'X')) {
-    base = 16;
-    p += 2;
-  }
-  uint64_t magnitude = 0;
-  auto [next, ec] = std::from_chars(p, end, magnitude, base);
-  if (ec != std::errc() || next == p) return false;
-  if (negative) {
-    if (magnitude > uint64_t(std::numeric_limits<int64_t>::max()) + 1) return false;
-    value = static_cast<int64_t>(0 - magnitude);
-  } else {
-    if (!isUnsigned && magnitude > uint64_t(std::numeric_limits<int64_t>::max())) return false;
-    value = static_cast<int64_t>(magnitude);
-  }
+  const char* start = s->data + s->pos;
+  const char* next = nullptr;
+  const Parse r = parseInteger(start, s->data + s->size, isUnsigned, value, next);
+  if (r == Parse::OUT_OF_RANGE) postOutOfRange(this, start, next, typeName<int>());
+  if (r != Parse::OK) return false;
   s->pos = static_cast<size_t>(next - s->data);
   return true;
 }
@@ -683,23 +914,6 @@ bool SoInput::readBinaryDword(uint64_t& w) {
   return true;
 }
 
-namespace {
-template <class T>
-bool narrow(int64_t v, T& out) {
-  if (v < int64_t(std::numeric_limits<T>::min()) || v > int64_t(std::numeric_limits<T>::max())) return false;
-  out = static_cast<T>(v);
-  return true;
-}
-// Unsigned values accept the signed range of the same width too (wrapping).
-template <class T>
-bool narrowUnsigned(int64_t v, T& out) {
-  using S = std::make_signed_t<T>;
-  if (v < int64_t(std::numeric_limits<S>::min()) || v > int64_t(std::numeric_limits<T>::max())) return false;
-  out = static_cast<T>(v);
-  return true;
-}
-}  // namespace
-
 bool SoInput::read(int& i) {
   if (isBinary()) {
     uint32_t w;
@@ -708,7 +922,7 @@ bool SoInput::read(int& i) {
     return true;
   }
   int64_t v;
-  return readInteger(v, false) && narrow(v, i);
+  return readInteger(v, false) && narrow(this, v, i);
 }
 
 bool SoInput::read(unsigned int& i) {
@@ -719,39 +933,39 @@ bool SoInput::read(unsigned int& i) {
     return true;
   }
   int64_t v;
-  return readInteger(v, true) && narrowUnsigned(v, i);
+  return readInteger(v, true) && narrowUnsigned(this, v, i);
 }
 
 bool SoInput::read(short& s) {
   if (isBinary()) {
     int v;
-    return read(v) && narrow(int64_t(v), s);
+    return read(v) && narrow(this, int64_t(v), s);
   }
   int64_t v;
-  return readInteger(v, false) && narrow(v, s);
+  return readInteger(v, false) && narrow(this, v, s);
 }
 
 bool SoInput::read(unsigned short& s) {
   if (isBinary()) {
     unsigned int v;
-    return read(v) && narrowUnsigned(int64_t(v), s);
+    return read(v) && narrowUnsigned(this, int64_t(v), s);
   }
   int64_t v;
-  return readInteger(v, true) && narrowUnsigned(v, s);
+  return readInteger(v, true) && narrowUnsigned(this, v, s);
 }
 
 bool SoInput::read(signed char& c) {
   int v;
-  return read(v) && narrow(int64_t(v), c);
+  return read(v) && narrow(this, int64_t(v), c);
 }
 
 bool SoInput::read(unsigned char& c) {
   if (isBinary()) {
     unsigned int v;
-    return read(v) && narrowUnsigned(int64_t(v), c);
+    return read(v) && narrowUnsigned(this, int64_t(v), c);
   }
   int64_t v;
-  return readInteger(v, true) && narrowUnsigned(v, c);
+  return readInteger(v, true) && narrowUnsigned(this, v, c);
 }
 
 bool SoInput::read(int64_t& i) {
@@ -772,26 +986,6 @@ bool SoInput::read(uint64_t& i) {
   return true;
 }
 
-namespace {
-// Parses a float or double at p; VRML also allows a leading '+'.
-template <class T>
-const char* parseReal(const char* p, const char* end, T& value) {
-  const char* start = p;
-  if (p < end && *p == '+') ++p;
-  auto [next, ec] = std::from_chars(p, end, value);
-  if (ec == std::errc::result_out_of_range) {
-    // Too large or too small for the type: saturate like strtod.
-    double d = 0;
-    auto [n2, ec2] = std::from_chars(p, end, d);
-    if (ec2 != std::errc() && ec2 != std::errc::result_out_of_range) return nullptr;
-    value = static_cast<T>(d);
-    return n2;
-  }
-  if (ec != std::errc() || next == start) return nullptr;
-  return next;
-}
-}  // namespace
-
 bool SoInput::read(float& f) {
   if (isBinary()) {
     uint32_t w;
@@ -800,17 +994,7 @@ bool SoInput::read(float& f) {
     return true;
   }
   if (!skipWhiteSpace()) return false;
-  Source* s = cur();
-  if (!s->pushback.empty()) {
-    double d;
-    if (!read(d)) return false;
-    f = static_cast<float>(d);
-    return true;
-  }
-  const char* next = parseReal(s->data + s->pos, s->data + s->size, f);
-  if (!next) return false;
-  s->pos = static_cast<size_t>(next - s->data);
-  return true;
+  return readReal(this, cur(), f);
 }
 
 bool SoInput::read(double& d) {
@@ -821,24 +1005,7 @@ bool SoInput::read(double& d) {
     return true;
   }
   if (!skipWhiteSpace()) return false;
-  Source* s = cur();
-  if (!s->pushback.empty()) {
-    std::string token;
-    char c;
-    while (get(c)) {
-      if (endsWord(c)) {
-        putBack(c);
-        break;
-      }
-      token += c;
-    }
-    const char* next = parseReal(token.data(), token.data() + token.size(), d);
-    return next == token.data() + token.size();
-  }
-  const char* next = parseReal(s->data + s->pos, s->data + s->size, d);
-  if (!next) return false;
-  s->pos = static_cast<size_t>(next - s->data);
-  return true;
+  return readReal(this, cur(), d);
 }
 
 // ---- binary arrays ------------------------------------------------------------------

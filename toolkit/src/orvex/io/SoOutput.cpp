@@ -7,6 +7,7 @@
 #include <zlib.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
 #include <cstdlib>
 #include <cstring>
@@ -19,6 +20,9 @@ constexpr size_t kChunk = 1 << 16;  // bytes gathered before a file write
 }  // namespace
 
 // Where the bytes go. Files receive them in chunks; memory targets grow.
+// A write that fails (a full disk, a closed pipe, a failing flush or close)
+// marks the target failed: the failure is posted once, later bytes are
+// dropped, and SoOutput::hasWriteError() tells the caller.
 struct SoOutput::Target {
   enum Kind { FILE_POINTER, OWNED_FILE, GZ_FILE, USER_MEMORY, OWN_MEMORY };
   Kind kind = FILE_POINTER;
@@ -34,23 +38,54 @@ struct SoOutput::Target {
   bool overflowReported = false;
   // OWN_MEMORY
   std::vector<char> own;
+  bool failed = false;
+  bool closing = false;  // in the destructor, where nothing is posted
 
-  ~Target() { close(); }
+  ~Target() {
+    closing = true;
+    close();
+  }
+
+  void fail(const char* method) {
+    if (failed) return;
+    failed = true;
+    const int error = errno;
+    if (!closing)
+      SoDebugError::post(method, "Writing failed: %s", error ? std::strerror(error) : "unknown error");
+  }
 
   void flushChunk() {
     if (chunk.empty()) return;
-    if (kind == GZ_FILE && gz)
-      gzwrite(gz, chunk.data(), static_cast<unsigned>(chunk.size()));
-    else if (fp)
-      std::fwrite(chunk.data(), 1, chunk.size(), fp);
+    if (failed) {
+      chunk.clear();
+      return;
+    }
+    errno = 0;
+    if (kind == GZ_FILE && gz) {
+      if (gzwrite(gz, chunk.data(), static_cast<unsigned>(chunk.size())) != static_cast<int>(chunk.size()))
+        fail("SoOutput::write");
+    } else if (fp) {
+      if (std::fwrite(chunk.data(), 1, chunk.size(), fp) != chunk.size()) fail("SoOutput::write");
+    }
     chunk.clear();
+  }
+
+  // Flushes what the file and the library buffer hold.
+  void flush() {
+    flushChunk();
+    errno = 0;
+    if (kind == GZ_FILE && gz && !failed && gzflush(gz, Z_SYNC_FLUSH) != Z_OK) fail("SoOutput::flushFile");
+    if (fp && std::fflush(fp) != 0) fail("SoOutput::flushFile");
   }
 
   void close() {
     flushChunk();
-    if (kind == GZ_FILE && gz) gzclose(gz);
-    if (kind == OWNED_FILE && fp) SbFileHelper::close(fp);
-    if (kind == FILE_POINTER && fp) std::fflush(fp);
+    errno = 0;
+    // Closing writes what the buffers still hold: its failure is a write
+    // failure too.
+    if (kind == GZ_FILE && gz && gzclose(gz) != Z_OK) fail("SoOutput::closeFile");
+    if (kind == OWNED_FILE && fp && SbFileHelper::close(fp) != 0) fail("SoOutput::closeFile");
+    if (kind == FILE_POINTER && fp && std::fflush(fp) != 0) fail("SoOutput::write");
     gz = nullptr;
     fp = nullptr;
   }
@@ -75,6 +110,7 @@ struct SoOutput::Target {
             if (!overflowReported)
               SoDebugError::post("SoOutput::write", "The output buffer is full and cannot grow");
             overflowReported = true;
+            failed = true;
             size = capacity > used ? capacity - used : 0;
           } else {
             buf = static_cast<char*>(grown);
@@ -99,6 +135,7 @@ void SoOutput::setFilePointer(FILE* fp) {
   m_target = std::make_unique<Target>();
   m_target->kind = Target::FILE_POINTER;
   m_target->fp = fp;
+  m_closedTargetFailed = false;
   reset();
 }
 
@@ -128,6 +165,7 @@ bool SoOutput::openFile(const SbString& fileName) {
     }
   }
   m_target = std::move(target);
+  m_closedTargetFailed = false;
   reset();
   return true;
 }
@@ -135,9 +173,13 @@ bool SoOutput::openFile(const SbString& fileName) {
 void SoOutput::closeFile() {
   if (m_target->kind == Target::OWNED_FILE || m_target->kind == Target::GZ_FILE) {
     m_target->close();
+    const bool failed = m_target->failed;
     m_target = std::make_unique<Target>();
+    m_closedTargetFailed = failed;
   }
 }
+
+bool SoOutput::hasWriteError() const { return m_closedTargetFailed || m_target->failed; }
 
 void SoOutput::setBuffer(void* bufPointer, size_t initSize, SoOutputReallocCB* reallocFunc, int32_t offset) {
   auto target = std::make_unique<Target>();
@@ -153,6 +195,7 @@ void SoOutput::setBuffer(void* bufPointer, size_t initSize, SoOutputReallocCB* r
     target->used = std::min(target->offset, target->capacity);
   }
   m_target = std::move(target);
+  m_closedTargetFailed = false;
   reset();
 }
 
@@ -187,11 +230,7 @@ void SoOutput::resetBuffer() {
   reset();
 }
 
-void SoOutput::flushFile() {
-  m_target->flushChunk();
-  if (m_target->kind == Target::GZ_FILE && m_target->gz) gzflush(m_target->gz, Z_SYNC_FLUSH);
-  if (m_target->fp) std::fflush(m_target->fp);
-}
+void SoOutput::flushFile() { m_target->flush(); }
 
 // ---- settings ----------------------------------------------------------------------
 

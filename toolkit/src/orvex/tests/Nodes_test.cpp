@@ -168,7 +168,11 @@ TEST_F(NodesTest, GroupChildren) {
   ErrorCapture<SoDebugError> errors;
   EXPECT_EQ(group->getChild(5), nullptr);
   group->removeChild(7);
-  group->insertChild(new SoCube, 9);
+  // A refused insertion takes no reference: the test's own reference frees
+  // the cube.
+  auto stray = make(new SoCube);
+  group->insertChild(stray.get(), 9);
+  EXPECT_EQ(stray->getRefCount(), 1);
   group->addChild(nullptr);
   EXPECT_EQ(errors.count(), 4u);
   EXPECT_EQ(group->getNumChildren(), 1);

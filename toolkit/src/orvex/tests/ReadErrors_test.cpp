@@ -100,7 +100,8 @@ TEST_F(ReadErrorsTest, BadValues) {
   expectFailure(std::string(kHeader) + "Separator { Cone { parts ( SIDES | TOP ) } }\n", "Unknown enumeration value \"TOP\"",
                 2);
   expectFailure(std::string(kHeader) + "Separator { Material { shininess [ 1, 2\n", "Couldn't read value", 3);
-  expectFailure(std::string(kHeader) + "Separator { Switch { whichChild 99999999999 } }\n", "Couldn't read value", 2);
+  expectFailure(std::string(kHeader) + "Separator { Switch { whichChild 99999999999 } }\n",
+                "Number 99999999999 is out of range", 2);
   expectFailure(std::string(kHeader) + "Separator { Info { string \"unterminated } }\n", "Couldn't read value", 3);
   expectFailure(std::string(kHeader) + "Tracked { Path { Group {} 1 0 } }\n", "where a Node is expected", 2);
 }
