@@ -1,5 +1,7 @@
 #include "NativeDebug.h"
 
+#include "JNIEnvHelper.h"
+
 #include <atomic>
 #include <cstdio>
 
@@ -23,8 +25,15 @@ void initialize(JNIEnv* env, jobject object) {
   jmethodID init = env->GetMethodID(cls, "initialize", "()V");
   // Callers may run on native threads that never return to Java.
   env->DeleteLocalRef(cls);
-  if (init == nullptr) return;  // no such method: the lookup's error stays pending
-  env->CallVoidMethod(object, init);
+  if (init == nullptr) {
+    JNIEnvHelper::settleUpcall(env);  // no such method: left to a Java caller, else described
+    return;
+  }
+  {
+    JNIEnvHelper::UpcallScope upcall;
+    env->CallVoidMethod(object, init);
+  }
+  JNIEnvHelper::settleUpcall(env);
 }
 
 // Load hook of the platform loader: only traces (silent, since the flag is 0

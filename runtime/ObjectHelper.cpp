@@ -32,11 +32,23 @@ jmethodID requireStaticMethod(JNIEnv* env, jclass cls, const char* name, const c
 // the result is then zero (null).
 template <typename Call>
 auto callWithName(JNIEnv* env, const char* name, const char* failure, Call call) -> decltype(call(jstring{})) {
+  // An exception already pending for a Java caller: Java must not be called now.
+  if (!JNIEnvHelper::readyForUpcall(env)) return {};
   jstring javaName = env->NewStringUTF(name);
-  const auto result = call(javaName);
+  if (javaName == nullptr) {
+    JNIEnvHelper::settleUpcall(env);  // out of memory in the virtual machine
+    return {};
+  }
+  decltype(call(jstring{})) result;
+  {
+    JNIEnvHelper::UpcallScope upcall;
+    result = call(javaName);
+  }
   env->DeleteLocalRef(javaName);
   if (env->ExceptionCheck()) {
     ExceptionHelper::throwIllegalArgException(env, failure);
+    // On a thread the library attached no Java caller will see it: described and cleared.
+    JNIEnvHelper::settleUpcall(env);
     return {};
   }
   return result;
