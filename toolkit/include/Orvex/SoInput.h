@@ -8,6 +8,7 @@
 #include <vector>
 
 class SoBase;
+class SoInputParameters;
 
 // Reads scene files: from a named file (searched in the directory list), an
 // open FILE*, or a memory buffer. Files pushed with pushFile() are read
@@ -46,11 +47,13 @@ class SoInput {
   static void addDirectoryFirst(const SbString& dirName);
   static void addDirectoryLast(const char* dirName);
   static void addDirectoryLast(const SbString& dirName);
-  // Adds each directory of a colon- (or semicolon-) separated environment variable.
-  static void addEnvDirectoriesFirst(const char* envVarName);
-  static void addEnvDirectoriesFirst(const SbString& envVarName);
-  static void addEnvDirectoriesLast(const char* envVarName);
-  static void addEnvDirectoriesLast(const SbString& envVarName);
+  // Adds each directory listed in an environment variable, in the order
+  // listed; any character of `separator` separates two directories (by
+  // default a colon, a tab or a space). An unset variable adds nothing.
+  static void addEnvDirectoriesFirst(const char* envVarName, const char* separator = ":\t ");
+  static void addEnvDirectoriesFirst(const SbString& envVarName, const SbString& separator = ":\t ");
+  static void addEnvDirectoriesLast(const char* envVarName, const char* separator = ":\t ");
+  static void addEnvDirectoriesLast(const SbString& envVarName, const SbString& separator = ":\t ");
   static void removeDirectory(const char* dirName);
   static void removeDirectory(const SbString& dirName);
   static void clearDirectories();
@@ -58,6 +61,9 @@ class SoInput {
   static SbString getDirectory(int index);
   // Finds a file through the directory list; answers the full path.
   static bool findAbsolutePath(const SbString& fileName, SbString& absolutePath);
+  // The same, answering the full path, or an empty string when the file is
+  // found nowhere.
+  static SbString findAbsolutePath(const SbString& fileName);
 
   // Replaces what is being read by the named file; posts an error unless
   // okIfNotFound when it cannot be opened.
@@ -82,9 +88,17 @@ class SoInput {
   // Default 1 GiB. With both defaults a reader holds at most about 2 GiB of
   // file data at once (1 GiB while inflating and 1 GiB inflated), which a
   // machine of a few GiB survives. The limits apply to what is opened after
-  // they are set.
+  // they are set. While reading parameters are set (below), theirs apply
+  // instead, and the getters answer them.
   void setMaxInflatedBytes(size_t maxBytes);
   size_t getMaxInflatedBytes() const;
+
+  // Reading parameters shared by several inputs: while set, their values
+  // (as they are when a file or buffer is opened) replace the input's own
+  // limits. The input does not own them; they must outlive their use, or
+  // be unset with nullptr first.
+  void setInputParameters(SoInputParameters* parameters);
+  SoInputParameters* getInputParameters() const;
 
   // True when the current input starts with a valid header (a file) or is
   // readable text (a buffer, where the header may be omitted).
@@ -102,6 +116,14 @@ class SoInput {
   virtual bool isBinary();
   // Bytes consumed so far in the current file.
   virtual size_t getNumBytesRead() const;
+  // Progress of reading: called with the percentage of the file (or
+  // buffer) opened last that has been consumed, each time it passes a
+  // further whole percent, and with 100 when its end is reached; never more
+  // than once per percent, so never more than 100 times a file. Files
+  // pushed on top are not counted. Does nothing here; a subclass may
+  // report it. It is called in the middle of reading, so it must not read
+  // from the input itself.
+  virtual void updateReadPercent(double readPercentage);
   int getLineNumber() const;
   bool eof() const;
   // Bytes not yet read in the current file (bounds counts read from binary files).
@@ -176,6 +198,9 @@ class SoInput {
   bool readInteger(int64_t& value, bool isUnsigned);
   bool readBinaryWord(uint32_t& w);
   bool readBinaryDword(uint64_t& w);
+  // Calls updateReadPercent() when the bottom file has passed the next percent.
+  void reportProgress(const Source& src);
+  void resetProgress();
 
   std::vector<std::unique_ptr<Source>> m_stack;
   struct RefEntry {
@@ -189,4 +214,9 @@ class SoInput {
   FileTypes m_fileType = Orvexa;
   size_t m_maxInputBytes;
   size_t m_maxInflatedBytes;
+  SoInputParameters* m_parameters = nullptr;
+  // Progress of the bottom file: the last whole percent reported, and the
+  // position at which the next one is reached.
+  int m_percentReported = 0;
+  size_t m_nextPercentPos = 0;
 };

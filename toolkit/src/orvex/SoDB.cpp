@@ -1,6 +1,7 @@
 #include <Orvex/SoDB.h>
 
 #include <Orvex/SoTypedObject.h>
+#include <Orvex/devices/SoCpuBufferObject.h>
 #include <Orvex/errors/SoDebugError.h>
 #include <Orvex/errors/SoError.h>
 #include <Orvex/fields/SoSFTime.h>
@@ -13,6 +14,7 @@
 #include <atomic>
 #include <memory>
 #include <mutex>
+#include <shared_mutex>
 #include <thread>
 #include <unordered_map>
 
@@ -42,6 +44,14 @@ struct Database {
 
   std::atomic<SbTime> delaySensorTimeout{SbTime(1.0 / 12.0)};
   std::atomic<std::thread::id> mainThread{};
+
+  // The application's lock (readlock() / writelock()).
+  std::shared_mutex appLock;
+
+  std::atomic<bool> tuneLuxAllowed{true};
+  std::atomic<int> numRenderCaches{2};
+  std::atomic<SoDB::RenderCacheModes> renderCacheMode{SoDB::AUTORENDERCACHE};
+  std::atomic<bool> prioritizedChildrenCaching{false};
 };
 
 Database& db() {
@@ -69,6 +79,8 @@ void SoDB::init() {
   SoError::initClasses();
   SoBase::initClass();
   SoField::initClasses();
+  SoBufferObject::initClass();
+  SoCpuBufferObject::initClass();
   // Containers, nodes, paths, actions, elements and the scene-file headers.
   orvex::initSceneGraph();
 
@@ -199,3 +211,30 @@ const SbTime& SoDB::getDelaySensorTimeout() {
 void SoDB::resetMainThreadId() { db().mainThread = std::this_thread::get_id(); }
 
 bool SoDB::isMainThread() { return db().mainThread.load() == std::this_thread::get_id(); }
+
+void SoDB::processEvents() {
+  SoSensorManager* manager = getSensorManager();
+  if (!manager) return;
+  manager->processTimerQueue();
+  manager->processDelayQueue(true);
+}
+
+void SoDB::readlock() { db().appLock.lock_shared(); }
+void SoDB::readunlock() { db().appLock.unlock_shared(); }
+void SoDB::writelock() { db().appLock.lock(); }
+void SoDB::writeunlock() { db().appLock.unlock(); }
+
+void SoDB::setTuneLuxAllowed(bool allowed) { db().tuneLuxAllowed = allowed; }
+bool SoDB::getTuneLuxAllowed() { return db().tuneLuxAllowed; }
+
+void SoDB::setNumRenderCaches(int howMany) { db().numRenderCaches = howMany < 0 ? 0 : howMany; }
+int SoDB::getNumRenderCaches() { return db().numRenderCaches; }
+
+void SoDB::setRenderCacheMode(RenderCacheModes mode) {
+  // A value from outside the enumeration (a cast integer) keeps the setting.
+  if (mode == AUTORENDERCACHE || mode == COMPILE || mode == COMPILEANDEXECUTE) db().renderCacheMode = mode;
+}
+SoDB::RenderCacheModes SoDB::getRenderCacheMode() { return db().renderCacheMode; }
+
+void SoDB::prioritizeChildrenCaching(bool flag) { db().prioritizedChildrenCaching = flag; }
+bool SoDB::isPrioritizedChildrenCaching() { return db().prioritizedChildrenCaching; }

@@ -2,6 +2,8 @@
 # directory; other builds (the reader fuzzer) include this list too.
 set(ORVEX_SOURCES
   SoDB.cpp
+  SoDBRoutes.cpp
+  SoDBPlugins.cpp
   SoInteraction.cpp
   SceneGraphInit.cpp
   nodekits/SoNodeKit.cpp
@@ -27,6 +29,8 @@ set(ORVEX_SOURCES
   fields/SoImageFields.cpp
   fields/SoMiscFields.cpp
   fields/SoRefFields.cpp
+  devices/SoBufferObject.cpp
+  devices/SoCpuBufferObject.cpp
   nodes/SoNode.cpp
   nodes/SoNodeInit.cpp
   nodes/SoGroup.cpp
@@ -52,6 +56,8 @@ set(ORVEX_SOURCES
   io/SoOutput.cpp
   io/SoBaseIO.cpp
   io/SoDBRead.cpp
+  io/GlobalFieldIO.cpp
+  io/SoInputParameters.cpp
   io/Compression.cpp
   sensors/SoSensor.cpp
   sensors/SoTimerQueueSensor.cpp

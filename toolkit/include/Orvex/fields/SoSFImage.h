@@ -7,6 +7,8 @@
 
 #include <vector>
 
+class SoBufferObject;
+
 // A field holding a 2D image: width, height, number of components (1 grey,
 // 2 grey and alpha, 3 RGB, 4 RGBA) and the pixels, row by row from the
 // bottom. In files: "width height components" then one hexadecimal number
@@ -41,6 +43,16 @@ class SoSFImage : public SoSField {
   void setValue(const SbVec2i32& size, int nc, const unsigned char* pixels, CopyPolicies copy = COPY);
   void setValue(const SbVec2i32& size, int nc, DataTypes dataType, const void* pixels,
                 CopyPolicies copy = COPY);
+  // 8-bit pixels held by a buffer object, which must hold at least
+  // size[0] * size[1] * nc bytes (more are ignored). COPY copies them; any
+  // other policy makes the field use the buffer's memory: the field holds
+  // a reference to the buffer and keeps it mapped until the field gets
+  // another value (or its pixels are edited, which copies them first) or
+  // dies, so the buffer cannot be resized meanwhile. Changes written into
+  // such a buffer show in the field without notification: touch() the
+  // field after them. A null or too small buffer is posted as a debug
+  // error and the value is kept.
+  void setValue(const SbVec2i32& size, int nc, SoBufferObject* bufferObject, CopyPolicies copy = COPY);
   DataTypes getDataType() const { return m_dataType; }
   int getNumComponents() const { return m_nc; }
   SbVec2i32 getSize() const { return m_size; }
@@ -78,4 +90,8 @@ class SoSFImage : public SoSField {
   };
   std::vector<SubTexture> m_subTextures;
   bool m_neverWrite = false;
+  // The buffer object whose memory the pixels are (referenced and mapped),
+  // or null.
+  SoBufferObject* m_buffer = nullptr;
+  void releaseBuffer();
 };

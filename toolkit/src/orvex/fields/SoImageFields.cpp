@@ -1,5 +1,7 @@
 // Fields of raw data blocks: 2D and 3D images and typed arrays.
 
+#include <Orvex/devices/SoBufferObject.h>
+#include <Orvex/errors/SoDebugError.h>
 #include <Orvex/errors/SoReadError.h>
 #include <Orvex/fields/SoSFArray.h>
 #include <Orvex/fields/SoSFArray2D.h>
@@ -121,7 +123,16 @@ bool readBytes(SoInput* in, SoArrayStorage& storage, size_t size) {
 SO_FIELD_SOURCE(SoSFImage, SoSField, "SFImage")
 
 SoSFImage::SoSFImage() = default;
-SoSFImage::~SoSFImage() = default;
+SoSFImage::~SoSFImage() { releaseBuffer(); }
+
+// Once the pixels no longer live in the buffer object.
+void SoSFImage::releaseBuffer() {
+  if (!m_buffer) return;
+  SoBufferObject* buffer = m_buffer;
+  m_buffer = nullptr;
+  buffer->unmap();
+  buffer->unref();
+}
 
 SoSFImage& SoSFImage::operator=(const SoSFImage& f) {
   if (this != &f) setValue(f.m_size, f.m_nc, f.m_dataType, f.m_storage.data(), COPY);
@@ -167,14 +178,50 @@ void SoSFImage::setValue(const SbVec2i32& size, int nc, DataTypes dataType, cons
     case NO_COPY_AND_DELETE: m_storage.adopt(const_cast<void*>(pixels), bytes, SoArrayStorage::OWN_NEW); break;
     case NO_COPY_AND_FREE: m_storage.adopt(const_cast<void*>(pixels), bytes, SoArrayStorage::OWN_MALLOC); break;
   }
+  releaseBuffer();
   m_subTextures.clear();
+  valueChanged();
+}
+
+void SoSFImage::setValue(const SbVec2i32& size, int nc, SoBufferObject* bufferObject, CopyPolicies copy) {
+  const size_t needed = size_t(size[0] < 0 ? 0 : size[0]) * size_t(size[1] < 0 ? 0 : size[1]) * size_t(nc < 0 ? 0 : nc);
+  if (!bufferObject || bufferObject->getSize() < needed) {
+    SoDebugError::post("SoSFImage::setValue", "The buffer object holds %zu bytes, the image needs %zu",
+                       bufferObject ? bufferObject->getSize() : size_t(0), needed);
+    return;
+  }
+  // Held while used, even when copied: the field's notification may make
+  // an auditor release the caller's last reference.
+  bufferObject->ref();
+  const void* pixels = bufferObject->map(SoBufferObject::READ_ONLY);
+  if (!pixels && needed > 0) {
+    bufferObject->unref();
+    return;
+  }
+  if (copy == COPY) {
+    setValue(size, nc, UNSIGNED_BYTE, pixels, COPY);
+    bufferObject->unmap();
+    bufferObject->unref();
+    return;
+  }
+  // Borrowed: the reference and the mapping stay until releaseBuffer().
+  // setValue() releases a previous buffer (this one too, if it was
+  // already in use, after which this call's reference and mapping remain).
+  const bool notifying = enableNotify(false);
+  setValue(size, nc, UNSIGNED_BYTE, pixels, NO_COPY);
+  enableNotify(notifying);
+  m_buffer = bufferObject;
   valueChanged();
 }
 
 unsigned char* SoSFImage::startEditing(SbVec2i32& size, int& nc) {
   size = m_size;
   nc = m_nc;
-  return m_storage.edit();
+  // Borrowed pixels are copied before they are edited: the buffer they
+  // were borrowed from is no longer needed.
+  unsigned char* pixels = m_storage.edit();
+  releaseBuffer();
+  return pixels;
 }
 
 void SoSFImage::finishEditing() { valueChanged(); }
@@ -184,6 +231,7 @@ void SoSFImage::setSubValue(const SbVec2i32& subSize, const SbVec2i32& offset, c
   const int x0 = offset[0], y0 = offset[1], w = subSize[0], h = subSize[1];
   if (x0 < 0 || y0 < 0 || w <= 0 || h <= 0 || x0 + w > m_size[0] || y0 + h > m_size[1]) return;
   unsigned char* dst = m_storage.edit();
+  releaseBuffer();
   for (int y = 0; y < h; ++y)
     std::memcpy(dst + (size_t(y0 + y) * m_size[0] + x0) * m_nc, pixels + size_t(y) * w * m_nc, size_t(w) * m_nc);
   m_subTextures.push_back(SubTexture{offset, subSize});
@@ -215,6 +263,7 @@ bool SoSFImage::readValue(SoInput* in) {
     m_nc = nc;
     m_dataType = static_cast<DataTypes>(type);
     m_subTextures.clear();
+    releaseBuffer();
     return readBytes(in, m_storage, size_t(count) * dt.getSize());
   }
   DataTypes type = UNSIGNED_BYTE;
@@ -234,6 +283,7 @@ bool SoSFImage::readValue(SoInput* in) {
   if (numPixels < 0) return false;
   const SbDataType dt(static_cast<SbDataType::DataType>(type));
   SoArrayStorage& s = m_storage;
+  releaseBuffer();
   s.copy(nullptr, size_t(numPixels) * nc * dt.getSize());
   unsigned char* dst = s.edit();
   bool ok = true;

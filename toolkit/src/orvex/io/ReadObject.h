@@ -20,6 +20,11 @@ enum class ReadResult {
 // derive from expectedType.
 ReadResult readObject(SoInput* in, SoBase*& base, SoType expectedType);
 
+// Reads the "GlobalField { Type name value }" blocks that stand next in an
+// ASCII input (none in a binary one), creating or finding each global field
+// and setting its value. Answers false after posting a read error.
+bool readGlobalFields(SoInput* in);
+
 // Posts that memory ran out at the input's position. Never throws: when
 // even the message cannot be made, nothing is posted.
 void postOutOfMemory(SoInput* in) noexcept;

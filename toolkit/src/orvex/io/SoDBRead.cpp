@@ -46,16 +46,17 @@ std::string firstLine(const char* text) {
   return line;
 }
 
-// One object of the given type; rolls back everything the attempt defined
-// when it fails. Running out of memory is a failed read like any other
-// (objects catch it while they read; this catches it around them).
+// One object of the given type, after the global-field blocks before it;
+// rolls back everything the attempt defined when it fails. Running out of
+// memory is a failed read like any other (objects catch it while they read;
+// this catches it around them).
 bool readTopLevel(SoInput* in, SoBase*& base, SoType type) {
   base = nullptr;
   if (!in || !in->isValidBuffer()) return false;
   const size_t mark = in->markReferences();
   orvex::ReadResult r = orvex::ReadResult::FAIL;
   try {
-    r = orvex::readObject(in, base, type);
+    if (orvex::readGlobalFields(in)) r = orvex::readObject(in, base, type);
   } catch (const std::bad_alloc&) {
     orvex::postOutOfMemory(in);
   } catch (const std::length_error&) {
@@ -78,6 +79,11 @@ bool SoDB::read(SoInput* in, SoNode*& rootNode) {
   const bool ok = readTopLevel(in, base, SoNode::getClassTypeId());
   rootNode = static_cast<SoNode*>(base);
   return ok;
+}
+
+SoNode* SoDB::readNode(SoInput* in) {
+  SoNode* node = nullptr;
+  return read(in, node) ? node : nullptr;
 }
 
 bool SoDB::read(SoInput* in, SoPath*& path) {

@@ -2,6 +2,7 @@
 
 #include <Orvex/SbFileHelper.h>
 #include <Orvex/SoDB.h>
+#include <Orvex/SoInputParameters.h>
 #include <Orvex/errors/SoReadError.h>
 #include <Orvex/misc/SoBase.h>
 
@@ -19,6 +20,7 @@
 #include "Compression.h"
 #include "Endian.h"
 #include "MessageText.h"
+#include "ReadLimits.h"
 
 // One file or buffer being read. The whole content is in memory: files are
 // read (and decompressed) when opened, up to the input's limits, so every
@@ -67,14 +69,15 @@ void addDirectory(const SbString& dir, bool first) {
     d.list.push_back(dir);
 }
 
-void addEnvDirectories(const char* envVar, bool first) {
+void addEnvDirectories(const char* envVar, const char* separator, bool first) {
   if (!envVar) return;
   const char* value = std::getenv(envVar);
   if (!value) return;
+  if (!separator) separator = "";
   std::vector<SbString> parts;
   std::string current;
   for (const char* p = value;; ++p) {
-    if (*p == ':' || *p == ';' || *p == '\0') {
+    if (*p == '\0' || std::strchr(separator, *p)) {
       if (!current.empty()) parts.emplace_back(current);
       current.clear();
       if (*p == '\0') break;
@@ -89,10 +92,6 @@ void addEnvDirectories(const char* envVar, bool first) {
     for (const SbString& p : parts) addDirectory(p, false);
 }
 
-// 1 GiB each: a scene file that large is rare, and a reader that holds one
-// (plus its compressed form while inflating) still fits a small machine.
-constexpr size_t kDefaultMaxInputBytes = size_t(1) << 30;
-constexpr size_t kDefaultMaxInflatedBytes = size_t(1) << 30;
 constexpr size_t kReadChunk = size_t(1) << 16;
 
 // Whether content can be a scene file at all: one starts with its header
@@ -148,7 +147,8 @@ constexpr size_t kMaxHeaderLength = 256;
 
 // ---- construction and the directory list ---------------------------------------
 
-SoInput::SoInput() : m_maxInputBytes(kDefaultMaxInputBytes), m_maxInflatedBytes(kDefaultMaxInflatedBytes) {}
+SoInput::SoInput()
+    : m_maxInputBytes(orvex::kDefaultMaxInputBytes), m_maxInflatedBytes(orvex::kDefaultMaxInflatedBytes) {}
 
 SoInput::~SoInput() { closeFile(); }
 
@@ -156,10 +156,18 @@ void SoInput::addDirectoryFirst(const char* dirName) { addDirectory(SbString(dir
 void SoInput::addDirectoryFirst(const SbString& dirName) { addDirectory(dirName, true); }
 void SoInput::addDirectoryLast(const char* dirName) { addDirectory(SbString(dirName), false); }
 void SoInput::addDirectoryLast(const SbString& dirName) { addDirectory(dirName, false); }
-void SoInput::addEnvDirectoriesFirst(const char* envVarName) { addEnvDirectories(envVarName, true); }
-void SoInput::addEnvDirectoriesFirst(const SbString& envVarName) { addEnvDirectories(envVarName.getString(), true); }
-void SoInput::addEnvDirectoriesLast(const char* envVarName) { addEnvDirectories(envVarName, false); }
-void SoInput::addEnvDirectoriesLast(const SbString& envVarName) { addEnvDirectories(envVarName.getString(), false); }
+void SoInput::addEnvDirectoriesFirst(const char* envVarName, const char* separator) {
+  addEnvDirectories(envVarName, separator, true);
+}
+void SoInput::addEnvDirectoriesFirst(const SbString& envVarName, const SbString& separator) {
+  addEnvDirectories(envVarName.getString(), separator.getString(), true);
+}
+void SoInput::addEnvDirectoriesLast(const char* envVarName, const char* separator) {
+  addEnvDirectories(envVarName, separator, false);
+}
+void SoInput::addEnvDirectoriesLast(const SbString& envVarName, const SbString& separator) {
+  addEnvDirectories(envVarName.getString(), separator.getString(), false);
+}
 void SoInput::removeDirectory(const char* dirName) { removeDirectory(SbString(dirName)); }
 
 void SoInput::removeDirectory(const SbString& dirName) {
@@ -219,29 +227,41 @@ bool SoInput::findAbsolutePath(const SbString& fileName, SbString& absolutePath)
   return false;
 }
 
+SbString SoInput::findAbsolutePath(const SbString& fileName) {
+  SbString found;
+  return findAbsolutePath(fileName, found) ? found : SbString();
+}
+
 // ---- opening ---------------------------------------------------------------------
 
 SoInput::Source* SoInput::cur() const { return m_stack.empty() ? nullptr : m_stack.back().get(); }
 
 void SoInput::setMaxInputBytes(size_t maxBytes) { m_maxInputBytes = maxBytes; }
-size_t SoInput::getMaxInputBytes() const { return m_maxInputBytes; }
+size_t SoInput::getMaxInputBytes() const {
+  return m_parameters ? m_parameters->getMaxInputBytes() : m_maxInputBytes;
+}
 void SoInput::setMaxInflatedBytes(size_t maxBytes) { m_maxInflatedBytes = maxBytes; }
-size_t SoInput::getMaxInflatedBytes() const { return m_maxInflatedBytes; }
+size_t SoInput::getMaxInflatedBytes() const {
+  return m_parameters ? m_parameters->getMaxInflatedBytes() : m_maxInflatedBytes;
+}
+void SoInput::setInputParameters(SoInputParameters* parameters) { m_parameters = parameters; }
+SoInputParameters* SoInput::getInputParameters() const { return m_parameters; }
 
 bool SoInput::openSource(std::unique_ptr<Source> src, bool push) {
+  const size_t maxInflatedBytes = getMaxInflatedBytes();
   if (orvex::isGzip(src->data, src->size)) {
     const char* name = src->fullName.getString();
     try {
       orvex::ByteBuffer inflated;
       // Files must start with a header once inflated; buffers need not.
-      const auto result = orvex::gunzip(src->data, src->size, m_maxInflatedBytes, inflated,
+      const auto result = orvex::gunzip(src->data, src->size, maxInflatedBytes, inflated,
                                         src->requireHeader ? &mayBeInflatedScene : nullptr);
       if (result == orvex::InflateResult::DAMAGED) {
         SoReadError::postAt(name, 0, "Could not decompress the file");
         src->valid = false;
       } else if (result == orvex::InflateResult::TOO_LARGE) {
         SoReadError::postAt(name, 0, "The file inflates to more than the limit of %zu bytes (see setMaxInflatedBytes)",
-                            m_maxInflatedBytes);
+                            maxInflatedBytes);
         src->valid = false;
       } else {
         // The compressed bytes go with `inflated`.
@@ -266,6 +286,7 @@ bool SoInput::openSource(std::unique_ptr<Source> src, bool push) {
   if (!push) closeFile();
   src->pushed = push && !m_stack.empty();
   m_stack.push_back(std::move(src));
+  if (m_stack.size() == 1) resetProgress();
   if (m_stack.back()->valid) readHeader(*m_stack.back());
   return m_stack.back()->valid;
 }
@@ -298,9 +319,10 @@ bool SoInput::openFile(const SbString& fileName, bool okIfNotFound) {
 // nothing is opened and, unless pushing, the input is left closed.
 bool SoInput::openStream(std::unique_ptr<Source> src, FILE* fp, bool push) {
   const char* name = src->fullName.getString();
+  const size_t maxInputBytes = getMaxInputBytes();
   StreamResult result;
   try {
-    result = readStream(fp, m_maxInputBytes, src->requireHeader, src->owned);
+    result = readStream(fp, maxInputBytes, src->requireHeader, src->owned);
   } catch (const std::bad_alloc&) {
     src->owned.reset();
     SoReadError::postAt(name, 0, "Out of memory reading the file");
@@ -310,7 +332,7 @@ bool SoInput::openStream(std::unique_ptr<Source> src, FILE* fp, bool push) {
   if (result == StreamResult::TOO_LARGE) {
     src->owned.reset();
     SoReadError::postAt(name, 0, "The input is larger than the limit of %zu bytes (see setMaxInputBytes)",
-                        m_maxInputBytes);
+                        maxInputBytes);
   } else if (result == StreamResult::READ_ERROR) {
     SoReadError::postAt(name, 0, "Error reading file");
   }
@@ -391,13 +413,14 @@ bool SoInput::readHeader(Source& src) {
       src.version = version;
       src.postCB = postCB;
       src.headerData = userData;
-      if (preCB) preCB(userData, this);
       // The header line and its end of line.
       size_t next = end;
       if (next < n && d[next] == '\r') ++next;
       if (next < n && d[next] == '\n') ++next;
       src.pos = src.headerEnd = next;
       src.line = 2;
+      // Told once the input stands at the first object.
+      if (preCB) preCB(userData, this);
       return true;
     }
     if (src.requireHeader || std::string(d, std::min<size_t>(length, 6)) == "#Orvex") {
@@ -483,10 +506,31 @@ bool SoInput::fill() {
   for (;;) {
     Source* s = cur();
     if (!s || !s->valid) return false;
+    if (s->pos >= m_nextPercentPos && m_stack.size() == 1) reportProgress(*s);
     if (!s->pushback.empty() || s->pos < s->size) return true;
     if (!s->pushed) return false;
     popSource();
   }
+}
+
+void SoInput::updateReadPercent(double) {}
+
+void SoInput::resetProgress() {
+  m_percentReported = 0;
+  m_nextPercentPos = 0;  // the first look reports what the header consumed
+}
+
+void SoInput::reportProgress(const Source& src) {
+  const size_t size = src.size;
+  const size_t pos = std::min(src.pos, size);
+  const int percent = size == 0 ? 100 : static_cast<int>(pos * 100 / size);
+  if (percent > m_percentReported) {
+    m_percentReported = percent;
+    updateReadPercent(size == 0 ? 100.0 : static_cast<double>(pos) * 100.0 / static_cast<double>(size));
+  }
+  // The first position whose whole percent is above the one reported.
+  m_nextPercentPos = m_percentReported >= 100 ? std::numeric_limits<size_t>::max()
+                                              : ((static_cast<size_t>(m_percentReported) + 1) * size + 99) / 100;
 }
 
 void SoInput::popSource() {
