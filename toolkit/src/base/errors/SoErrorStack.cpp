@@ -42,15 +42,39 @@ Frame describe(void* address) {
   return Frame(pc, info.dli_fname, nullptr, pc - reinterpret_cast<uintptr_t>(info.dli_fbase));
 }
 
+// Frames that a wrapper of backtrace() may add below this function's own:
+// a sanitizer runtime or a preloaded profiler interposes on backtrace(), and
+// its frame comes first in what it returns.
+constexpr int kInterposerFrames = 4;
+
+// More frames than any thread's stack holds; keeps the buffer size and the
+// index arithmetic below in range whatever count a caller asks for.
+constexpr int kMaxCapturedFrames = 1 << 16;
+
 // The calling thread's frames, leaving out this function and the `skip`
 // innermost frames above it (the toolkit's own capturing members), at most
 // maxFrames of them. Never inlined: its own frame must be the one dropped.
+// The frames are counted from this function's return address, found among
+// those backtrace() reports, rather than from the top of the list, which
+// holds whatever frames sit between this function and the unwinder.
 __attribute__((noinline)) std::vector<Frame> captureFrames(int skip, int maxFrames) {
   std::vector<Frame> frames;
   if (maxFrames <= 0) return frames;
-  std::vector<void*> addresses(static_cast<size_t>(skip + 1 + maxFrames));
+  maxFrames = std::min(maxFrames, kMaxCapturedFrames);
+  std::vector<void*> addresses(static_cast<size_t>(kInterposerFrames + 1 + skip + maxFrames));
   const int count = backtrace(addresses.data(), static_cast<int>(addresses.size()));
-  for (int i = skip + 1; i < count; ++i) frames.push_back(describe(addresses[static_cast<size_t>(i)]));
+  void* const returnAddress = __builtin_extract_return_addr(__builtin_return_address(0));
+  // Index of this function's caller; without a match, assume no interposer.
+  int caller = 1;
+  for (int i = 0; i < count && i <= kInterposerFrames + 1; ++i) {
+    if (addresses[static_cast<size_t>(i)] == returnAddress) {
+      caller = i;
+      break;
+    }
+  }
+  const int first = caller + skip;
+  const int last = std::min(count, first + maxFrames);
+  for (int i = first; i < last; ++i) frames.push_back(describe(addresses[static_cast<size_t>(i)]));
   return frames;
 }
 

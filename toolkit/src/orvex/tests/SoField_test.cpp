@@ -85,8 +85,10 @@ TEST_F(SoFieldTest, ChangesNotifyAuditorsUnlessDisabled) {
 }
 
 TEST_F(SoFieldTest, AuditorsMayDetachWhileNotified) {
-  SoSFTime f;
+  // The auditors outlive the field: its destructor tells the one still
+  // attached that it is going away.
   Recorder once, always;
+  SoSFTime f;
   once.detachOnChange = true;
   f.addAuditor(&once);
   f.addAuditor(&always);
