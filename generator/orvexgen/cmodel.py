@@ -90,9 +90,11 @@ class CClass:
     functions: List[CFunction] = field(default_factory=list)
     enums: List[CEnum] = field(default_factory=list)
     field_types: List[CType] = field(default_factory=list)
+    public_members: List[tuple] = field(default_factory=list)   # (name, CType) of public data members
     size: int = 0
     is_abstract: bool = False
     has_virtual_dtor: bool = False
+    has_public_dtor: bool = True
     has_user_ctor: bool = False
     has_public_default_ctor: bool = True
     is_polymorphic: bool = False

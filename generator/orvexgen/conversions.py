@@ -60,14 +60,16 @@ class WrappedClass:
     kind: str                 # value | owned | refcounted
     elem: str = ""            # Java element type of a value class
     length: int = 0           # array length of a value class
+    java: str = ""            # the Java class name when it is not the C++ one (SoSFInt32 -> SoSFInt)
+    carried: bool = False     # no Java class of its own: the class named by `java` stands for it
 
     @property
     def java_name(self) -> str:
-        return self.name.replace("::", ".")
+        return self.java or self.name.replace("::", ".")
 
     @property
     def binary_name(self) -> str:
-        return self.name.replace("::", "$")
+        return self.java.replace(".", "$") if self.java else self.name.replace("::", "$")
 
     @property
     def qualified(self) -> str:
@@ -191,6 +193,22 @@ class Primitive(Conversion):
 
     def cpp_from_upcall(self, jexpr, holder):
         return f"static_cast<{self.cpp}>({jexpr})"
+
+
+class Index(Primitive):
+    """An int that indexes something of the receiver: checked against its bound
+    ("getNumChildren()", or "<= getNumChildren()" for an insertion position)."""
+    kind = "prim"
+
+    def __init__(self, cpp: str, bound: str):
+        super().__init__(cpp, "int")
+        self.inclusive = bound.strip().startswith("<=")
+        self.bound = bound.strip()[2:].strip() if self.inclusive else bound.strip()
+
+    def java_checks(self, p):
+        op = ">" if self.inclusive else ">="
+        return [f"if ({p} < 0 || {p} {op} {self.bound}) throw new IndexOutOfBoundsException("
+                f"\"{p} \" + {p} + \" outside 0..\" + ({self.bound}{'' if self.inclusive else ' - 1'}));"]
 
 
 class Bool(Conversion):

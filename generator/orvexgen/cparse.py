@@ -163,6 +163,8 @@ def _read_class(cursor: ci.Cursor, header: str, classes: Dict[str, CClass]) -> C
         elif c.kind == ci.CursorKind.DESTRUCTOR:
             if c.is_virtual_method():
                 cls.has_virtual_dtor = True
+            if access != "public":
+                cls.has_public_dtor = False
         elif c.kind == ci.CursorKind.FRIEND_DECL:
             for fc in c.get_children():
                 if fc.kind == ci.CursorKind.FUNCTION_DECL:
@@ -173,6 +175,8 @@ def _read_class(cursor: ci.Cursor, header: str, classes: Dict[str, CClass]) -> C
             cls.enums.append(CEnum(c.spelling, consts, access))
         elif c.kind == ci.CursorKind.FIELD_DECL:
             cls.field_types.append(convert_type(c.type))
+            if access == "public":
+                cls.public_members.append((c.spelling, convert_type(c.type)))
         elif c.kind in _RECORDS and c.is_definition() and c.spelling and access == "public":
             _read_class(c, header, classes)
     cls.has_user_ctor = bool(ctors)

@@ -212,7 +212,10 @@ def emit(plan: ClassPlan, classes: Dict[str, CClass], module: str) -> str:
     elif plan.kind == "owned":
         sym = jni_name(plan.package, binary + "$NativeResourceHandle", "deleteNativeHandleImpl")
         lines.append(f"JNIEXPORT void JNICALL {sym}(JNIEnv*, jclass, jlong address) {{")
-        if plan.cls.has_virtual_dtor:
+        if not plan.cls.has_public_dtor:
+            lines.append("  // Objects of this class are never Java's to delete: its destructor is not public.")
+            lines.append("  (void)address;")
+        elif plan.cls.has_virtual_dtor:
             lines.append(f"  if (address != 0) delete reinterpret_cast<{cls}*>(address);")
         else:
             lines.append(f"  delete reinterpret_cast<{cls}*>(address);")

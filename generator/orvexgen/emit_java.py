@@ -98,6 +98,25 @@ def _public_method(plan: ClassPlan, m: Method) -> List[str]:
     return out
 
 
+def _default_overloads(plan: ClassPlan, m: Method) -> List[str]:
+    """The Java overloads that C++ default arguments give: each passes the
+    defaults of the parameters it leaves out to the full method."""
+    out = []
+    for count in m.overloads:
+        params = ", ".join(f"{a.public_type} {a.name}" for a in m.args[:count])
+        args = ", ".join([a.name for a in m.args[:count]] + [d for d in m.defaults[count:]])
+        if m.is_ctor:
+            out += [f"  public {plan.java_simple}({params}) {{", f"    this({args});", "  }", ""]
+            continue
+        r = m.result
+        ret = plan.java_simple if r.kind == "self" else r.public_type
+        static = "static " if m.receiver == "none" else ""
+        call = f"{m.group}({args})"
+        out += [f"  {m.java_access} {static}{ret} {m.group}({params}) {{",
+                f"    {'' if ret == 'void' else 'return '}{call};", "  }", ""]
+    return out
+
+
 def _constructor(plan: ClassPlan, m: Method) -> List[str]:
     """A constructor; the checks and brackets of its arguments run in a static
     method, since `super(...)` must come first."""
@@ -114,10 +133,11 @@ def _constructor(plan: ClassPlan, m: Method) -> List[str]:
         return out
     simple = all(not a.conv.java_checks(a.name) and not a.conv.java_begin(a.name) for a in m.args)
     handle = native if simple else f"{m.native_name}Checked({params})"
+    # Through the handle constructor, which also binds the field members.
     if plan.kind == "refcounted":
-        out.append(f"    super(new com.orvexa.internal.RefCountedNativeResourceHandle({handle}));")
+        out.append(f"    this(new com.orvexa.internal.RefCountedNativeResourceHandle({handle}));")
     else:
-        out.append(f"    super(new NativeResourceHandle({handle}));")
+        out.append(f"    this(new NativeResourceHandle({handle}));")
     out.append("  }")
     if not simple:
         out += ["", f"  private static long {m.native_name}Checked({_public_params(m)}) {{"]
@@ -223,8 +243,13 @@ def _class_lines(plan: ClassPlan, fragments_dir: Optional[str], plans: Sequence[
                   "    toArrayImpl(values, address);",
                   "    return values;", "  }", ""]
     else:
+        for member, jt in plan.field_members:
+            lines += [f"  /** The toolkit field {{@code {member}}}; the container owns it. */",
+                      f"  public final {jt} {member};", ""]
         lines += [f"  protected {name}(com.orvexa.internal.NativeResourceHandle handle) {{",
-                  "    super(handle);", "  }", ""]
+                  "    super(handle);"]
+        lines += [f'    {member} = fieldOf({jt}.class, "{member}");' for member, jt in plan.field_members]
+        lines += ["  }", ""]
         if w.kind == "owned":
             lines += ["  /** Wraps a native object that Java now owns (released with this wrapper); null for 0. */",
                       f"  static {name} adopt(long address) {{",
@@ -267,11 +292,11 @@ def _class_lines(plan: ClassPlan, fragments_dir: Optional[str], plans: Sequence[
     eq = _equals_method(plan)
     for m in plan.wrapped_methods():
         if m.is_ctor:
-            lines += _constructor(plan, m) + [""]
+            lines += _constructor(plan, m) + [""] + _default_overloads(plan, m)
         elif m is eq:
             continue
         else:
-            lines += _public_method(plan, m) + [""]
+            lines += _public_method(plan, m) + [""] + _default_overloads(plan, m)
 
     if eq is not None:
         lines += ["  /** Equality as the toolkit's {@code operator==} defines it. */",

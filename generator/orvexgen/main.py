@@ -40,6 +40,8 @@ def build_plans(include_root: str, rules_dir: str, extra_includes: List[str] = (
     for pkg in sorted(all_rules):
         r = all_rules[pkg]
         for name in sorted(r.classes):
+            if wrapped[name].carried:
+                continue   # its Java class is another class's
             p = planner.plan_class(name, classes, wrapped, enums, r)
             planner.check_public_signatures(p)
             plans.append(p)
@@ -54,7 +56,7 @@ def outputs(out_dir: str, p: planner.ClassPlan) -> Tuple[str, Optional[str]]:
     cpp = os.path.join(out_dir, package_dir(p.package), f"{p.binary_name.replace('$', '_00024')}_jni.cpp")
     if p.outer:
         return cpp, None
-    java = os.path.join(out_dir, "java", *p.package.split("."), f"{p.name}.java")
+    java = os.path.join(out_dir, "java", *p.package.split("."), f"{p.java_simple}.java")
     return cpp, java
 
 

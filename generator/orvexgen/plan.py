@@ -10,7 +10,7 @@ from . import cparse
 from .cmodel import CClass, CFunction, CType
 from .naming import java_package
 from .rules import PackageRules
-from .conversions import Conversion, Void
+from .conversions import Conversion, Index, Void
 from .types import JAVA_ELEM_BYTES, PRIM_JAVA, READ_ONLY, READ_WRITE, TypeContext, Unsupported, WrappedClass
 
 BINARY_OPERATORS = {"+=", "-=", "*=", "/=", "==", "+", "-", "*", "/"}
@@ -54,6 +54,10 @@ class Method:
     skipped: str = ""         # why it is not wrapped ("" when it is)
     operator: str = ""        # the C++ operator symbol when the member is one
     array_count: str = ""     # array result: the Java method that gives its length
+    # Java forms of the C++ default arguments, one per parameter (None where
+    # there is none or it has no Java form); trailing ones give overloads.
+    defaults: List[Optional[str]] = field(default_factory=list)
+    overloads: List[int] = field(default_factory=list)   # parameter counts of the default-argument overloads
 
 
 @dataclass
@@ -76,6 +80,7 @@ class ClassPlan:
     assumed_bytes: int = 0
     extensible: bool = False
     to_array: bool = False    # an owned class whose objects arrive as arrays of copies (toArrayImpl)
+    field_members: List[tuple] = field(default_factory=list)   # (name, Java field class) of a field container
 
     @property
     def name(self) -> str:
@@ -85,7 +90,7 @@ class ClassPlan:
     @property
     def java_simple(self) -> str:
         """The Java class's own name, as its declaration spells it."""
-        return self.cls.simple_name
+        return self.wrapped.java_name.rsplit(".", 1)[-1]
 
     @property
     def binary_name(self) -> str:
@@ -163,6 +168,13 @@ def collect_wrapped(classes: Dict[str, CClass], all_rules: Dict[str, PackageRule
                 out[name] = WrappedClass(name, pkg, "refcounted")
             else:
                 out[name] = WrappedClass(name, pkg, "owned")
+            out[name].java = r.java_names.get(name, "")
+    for r in all_rules.values():
+        for name, carrier in r.carried_by.items():
+            if carrier not in out:
+                raise PlanError(f"{r.path}: {name} is carried by {carrier}, which is not wrapped")
+            out[name].java = out[carrier].java_name
+            out[name].carried = True
     return out
 
 
@@ -206,6 +218,8 @@ def plan_class(name: str, classes: Dict[str, CClass], wrapped: Dict[str, Wrapped
             break
     if not java_base and w.kind != "value":
         java_base = "com.orvexa.orvex.misc.SoBase" if w.kind == "refcounted" else "com.orvexa.orvex.Orvex"
+        if java_base == w.qualified:
+            java_base = "com.orvexa.orvex.Orvex"   # the root of the reference-counted wrappers
     if base_w is not None and (base_w.kind == "value") != (w.kind == "value"):
         raise PlanError(f"{name}: a value type and a handle class cannot derive from each other")
     if base_w is not None and w.kind == "value" and base_w.package != w.package:
@@ -219,6 +233,12 @@ def plan_class(name: str, classes: Dict[str, CClass], wrapped: Dict[str, Wrapped
     for e in cls.enums:
         if e.access == "public":
             plan.enums.append(EnumPlan(e.name, f"{name}::{e.name}", e.constants))
+
+    # The public fields of a field container (a node's `radius`) become final
+    # Java fields holding the field objects, which the container owns.
+    for member, t in cls.public_members:
+        if t.kind == "class" and t.name in wrapped and "SoField" in cparse.ancestors(classes, t.name):
+            plan.field_members.append((member, ctx.java_name(wrapped[t.name])))
 
     functions = list(cls.functions)
     if not cls.has_user_ctor and not cls.is_abstract and cls.has_public_default_ctor:
@@ -276,7 +296,7 @@ def _check_rules_name_members(plan: ClassPlan, crules, rules: PackageRules) -> N
     names = {m.cfunc.name for m in plan.methods}
     problems = []
     for key, what in (("java_side", crules.java_side), ("nullable", set(crules.nullable)),
-                      ("array_lengths", set(crules.array_lengths))):
+                      ("array_lengths", set(crules.array_lengths)), ("index_bounds", set(crules.index_bounds))):
         problems += [f"{key} names no member {s!r}" for s in sorted(what - signatures)]
     problems += [f"exclude names no member {s!r}" for s in sorted(crules.exclude - signatures - names)]
     by_sig = {m.cfunc.signature: m.cfunc for m in plan.methods}
@@ -354,11 +374,20 @@ def _convert(m: Method, plan: ClassPlan, ctx: TypeContext, rules: PackageRules) 
             m.args.append(Param(names[i], ctx.int_buffer(names[count])))
             continue
         length = lengths.get(p.name)
+        if length is None:
+            length = _counted_by(params, i, names)
         if length is not None:
             for old, new in renamed.items():
                 length = re.sub(rf"\b{re.escape(old)}\b", new, length)
         conv = ctx.arg(p.type, mode, nullable=p.name in nullable or p.null_default, length=length)
+        bound = crules.index_bounds.get(f.signature, {}).get(p.name)
+        if bound is not None:
+            if conv.kind != "prim" or conv.java_type != "int":
+                raise PlanError(f"{plan.name}: index_bounds: {p.name} of {f.signature} is not an int")
+            conv = Index(p.type.name, bound)
         m.args.append(Param(names[i], conv))
+    m.defaults = [None if i >= len(params) else _java_default(params[i], m.args[i].conv, ctx)
+                  for i in range(len(m.args))]
     if f.is_variadic and not any(a.conv.kind == "format" for a in m.args):
         raise Unsupported("variadic member without a format string")
     array_results = crules.array_results
@@ -381,8 +410,55 @@ def _convert(m: Method, plan: ClassPlan, ctx: TypeContext, rules: PackageRules) 
         m.java_access = "protected"
 
 
+_NUMBER = re.compile(r"^[-+]?(0[xX][0-9a-fA-F]+|\d+\.?\d*(?:[eE][-+]?\d+)?|\.\d+(?:[eE][-+]?\d+)?)[fFuUlL]*$")
+
+
+def _java_default(p, conv, ctx: TypeContext) -> Optional[str]:
+    """The Java expression of a C++ default argument, or None when it has none
+    that is certain (constructed values, expressions)."""
+    text = p.default.replace(" ", "")
+    if not text:
+        return None
+    kind = conv.kind
+    if kind == "prim" and _NUMBER.match(text):
+        literal = text.rstrip("uUlL") if not text.lower().startswith("0x") else text.rstrip("uUlL")
+        if conv.java_type in ("float", "double"):
+            literal = text.rstrip("fFlL")
+        return f"({conv.java_type}) ({literal})"
+    if kind == "bool" and text in ("true", "false"):
+        return text
+    if kind in ("handle", "string") and text in ("nullptr", "NULL", "0") and getattr(conv, "nullable", False):
+        return "null"
+    if kind == "string" and text.startswith('"') and text.endswith('"'):
+        return p.default.strip()
+    if kind == "enum":
+        constant = text.rsplit("::", 1)[-1]
+        owner, enum = ctx.enums.get(conv.cpp, (None, None))
+        if owner is not None:
+            for e in ctx.classes[owner].enums:
+                if e.name == enum and any(c == constant for c, _ in e.constants):
+                    return f"{conv.enum_java}.{constant}"
+    return None
+
+
 # Parameter names the generated code uses itself.
 RESERVED_NAMES = {"env", "clazz", "nativeObject", "returnedValue", "self", "result", "array", "i"}
+
+
+# Parameter names that, next to a pointer to an array, give its element count
+# (setValues(int start, int num, const float* values), set(const char** words, int count)).
+COUNT_NAMES = ("num", "count", "numValues", "numElements")
+
+
+def _counted_by(params, i: int, names) -> Optional[str]:
+    """The Java name of the int parameter that counts the array at i, or None."""
+    t = params[i].type
+    if t.kind not in ("ptr",) or t.inner is None or t.inner.kind == "prim" and t.inner.name == "char":
+        return None
+    for j, p in enumerate(params):
+        if j != i and p.name in COUNT_NAMES and p.type.kind == "prim" and p.type.name in ("int", "unsigned int"):
+            return p.name
+    return None
 
 
 def _is_int_out(t: CType) -> bool:
@@ -402,13 +478,28 @@ def _buffer_count(params, i: int) -> Optional[int]:
 
 
 def check_public_signatures(plan: ClassPlan) -> None:
-    """Two wrapped overloads must not end up with the same Java signature."""
+    """Two wrapped overloads must not end up with the same Java signature:
+    the later one is not wrapped, and --report says which one it collides
+    with (a rule then chooses: exclude one, or move it to the Java side).
+    Overloads made from default arguments only fill signatures still free."""
     seen = {}
     for m in plan.wrapped_methods():
         if m.group == "equals" and m.operator == "==":
             continue   # becomes equals(Object)
         key = ("<init>" if m.is_ctor else m.group, tuple(a.public_type for a in m.args))
         if key in seen:
-            raise PlanError(f"{plan.name}: {seen[key]} and {m.native_name} have the same Java signature {key}; "
-                            f"move one to the Java side in the rules")
-        seen[key] = m.native_name
+            m.skipped = (f"same Java signature as {seen[key]} ({m.group}({', '.join(key[1])})); "
+                         f"exclude one of them in the rules")
+            continue
+        seen[key] = m.cfunc.signature
+    for m in plan.wrapped_methods():
+        if m.is_ctor and plan.kind == "value":
+            continue   # value constructors pass through this(...), which must come first
+        count = len(m.args)
+        while count > 0 and m.defaults[count - 1] is not None:
+            count -= 1
+            key = ("<init>" if m.is_ctor else m.group, tuple(a.public_type for a in m.args[:count]))
+            if key in seen:
+                break
+            seen[key] = m.cfunc.signature + " with default arguments"
+            m.overloads.append(count)

@@ -6,6 +6,11 @@ Keys (all optional):
   extensible         classes that Java may subclass (guards are generated)
   exclude            member names never wrapped (every class)
   operators          table: C++ operator -> Java method name
+  java_names         table: C++ class -> Java class name, where they differ
+                     (SoSFInt32 = "SoSFInt")
+  carried_by         table: C++ class -> C++ class whose Java class stands
+                     for it (SoSFUInt32 = "SoSFInt32": no Java class of its
+                     own; its objects arrive as the other class's wrappers)
   read_write         Java method names whose const value operands are pinned
                      READ_WRITE (copied back although only read); every other
                      const operand is pinned READ_ONLY
@@ -21,6 +26,10 @@ Keys (all optional):
     array_lengths    table: signature -> { parameter = Java expression over
                      the other parameters }: how many elements a pointer to
                      an array holds (values, for arrays of value types)
+    index_bounds     table: signature -> { parameter = Java expression }: the
+                     parameter is an index that must lie in [0, expression)
+                     (write "<= expr" for an inclusive bound, as an insertion
+                     position); IndexOutOfBoundsException otherwise
     forward          virtuals (signatures, the class's or inherited) that the
                      native subclass Custom<Name> forwards to the Java
                      override, in the order of its method-identifier table
@@ -55,6 +64,7 @@ class ClassRules:
     assumed_bytes: int = 0
     array_results: Dict[str, str] = field(default_factory=dict)
     forward: List[str] = field(default_factory=list)
+    index_bounds: Dict[str, Dict[str, str]] = field(default_factory=dict)
 
 
 @dataclass
@@ -67,15 +77,17 @@ class PackageRules:
     exclude: Set[str] = field(default_factory=set)
     operators: Dict[str, str] = field(default_factory=dict)
     read_write: Set[str] = field(default_factory=set)
+    java_names: Dict[str, str] = field(default_factory=dict)
+    carried_by: Dict[str, str] = field(default_factory=dict)
     per_class: Dict[str, ClassRules] = field(default_factory=dict)
 
     def for_class(self, name: str) -> ClassRules:
         return self.per_class.get(name, ClassRules())
 
 
-_TOP = {"classes", "value", "extensible", "exclude", "operators", "read_write", "class"}
+_TOP = {"classes", "value", "extensible", "exclude", "operators", "read_write", "class", "java_names", "carried_by"}
 _CLASS = {"java_side", "exclude", "reserve", "assumed_bytes", "array_results", "nullable", "array_lengths",
-          "forward"}
+          "forward", "index_bounds"}
 
 
 def load(path: str) -> PackageRules:
@@ -95,6 +107,11 @@ def load(path: str) -> PackageRules:
     if bad:
         raise ValueError(f"{path}: [operators] maps operator symbols to Java names; not operators: {bad}")
     r.read_write = set(data.get("read_write", []))
+    r.java_names = dict(data.get("java_names", {}))
+    r.carried_by = dict(data.get("carried_by", {}))
+    for k in list(r.java_names) + list(r.carried_by):
+        if k not in r.classes:
+            raise ValueError(f"{path}: {k} is renamed or carried but not in 'classes'")
     for name, c in data.get("class", {}).items():
         unknown = set(c) - _CLASS
         if unknown:
@@ -109,7 +126,8 @@ def load(path: str) -> PackageRules:
             array_lengths={sig(k): dict(v) for k, v in c.get("array_lengths", {}).items()},
             reserve=dict(c.get("reserve", {})), assumed_bytes=int(c.get("assumed_bytes", 0)),
             array_results=dict(c.get("array_results", {})),
-            forward=[sig(x) for x in c.get("forward", [])])
+            forward=[sig(x) for x in c.get("forward", [])],
+            index_bounds={sig(k): dict(v) for k, v in c.get("index_bounds", {}).items()})
     for v in r.value | r.extensible:
         if v not in r.classes:
             raise ValueError(f"{path}: {v} is listed but not in 'classes'")

@@ -31,3 +31,5 @@ orvex_add_junit_test(jvm.generator.checksize CLASSES com.orvexa.genprobe.CheckSi
 orvex_add_junit_test(jvm.generated.aliasing CLASSES com.orvexa.orvex.ValueAliasingTest)
 # Each case runs in a child virtual machine of its own.
 orvex_add_junit_test(jvm.generated.misuse CLASSES com.orvexa.orvex.MisuseTest)
+orvex_add_junit_test(jvm.generated.scenegraph CLASSES com.orvexa.orvex.SceneGraphFromJavaTest)
+orvex_add_junit_test(jvm.generated.everyclass CLASSES com.orvexa.orvex.EveryWrapperClassTest)

@@ -289,7 +289,7 @@ class FixtureJava(unittest.TestCase):
     def test_owned_class_shape(self):
         j = self.java["GuardProbe"]
         self.assertIn("public class GuardProbe extends com.orvexa.orvex.Orvex {", j)
-        self.assertIn("super(new NativeResourceHandle(ctorImpl()));", j)
+        self.assertIn("this(new NativeResourceHandle(ctorImpl()));", j)
         self.assertIn("private static native void deleteNativeHandleImpl(long address);", j)
         self.assertIn("protected int secret(int x) {", j)
         self.assertIn("public enum Mode {", j)
@@ -454,6 +454,24 @@ class ToolkitHeaders(unittest.TestCase):
     def natives(self, name, prefix):
         return sorted(m.native_name for m in self.plans[name].wrapped_methods()
                       if re.fullmatch(prefix + r"\d*", m.native_name))
+
+    def test_child_indices_are_checked_against_the_number_of_children(self):
+        emitted = emit_java.emit(self.plans["SoGroup"], None, list(self.plans.values()))
+        self.assertIn("if (index < 0 || index >= getNumChildren()) throw new IndexOutOfBoundsException(", emitted)
+        self.assertIn("if (newChildIndex < 0 || newChildIndex > getNumChildren()) throw new IndexOutOfBoundsException(",
+                      emitted)
+
+    def test_default_arguments_become_overloads_that_pass_them(self):
+        emitted = emit_java.emit(self.plans["SoRayPickAction"], None, list(self.plans.values()))
+        self.assertIn("  public void setRay(com.orvexa.orvex.SbVec3f start, com.orvexa.orvex.SbVec3f direction) {\n"
+                      "    setRay(start, direction, (float) (-1.0), (float) (-1.0));", emitted)
+        self.assertIn("    return getPickedPoint((int) (0));", emitted)
+
+    def test_node_fields_are_final_java_fields_bound_by_name(self):
+        emitted = emit_java.emit(self.plans["SoSphere"], None, list(self.plans.values()))
+        self.assertIn("public final com.orvexa.orvex.fields.SoSFFloat radius;", emitted)
+        self.assertIn('radius = fieldOf(com.orvexa.orvex.fields.SoSFFloat.class, "radius");', emitted)
+        self.assertIn("this(new com.orvexa.internal.RefCountedNativeResourceHandle(ctorImpl()));", emitted)
 
     def test_sbvec3f_constructors_and_setters(self):
         self.assertEqual(self.natives("SbVec3f", "ctorImpl"), ["ctorImpl3"])

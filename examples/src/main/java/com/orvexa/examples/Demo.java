@@ -1,13 +1,26 @@
 package com.orvexa.examples;
 
 import com.orvexa.orvex.Orvex;
+import com.orvexa.orvex.SbBox3f;
+import com.orvexa.orvex.SbVec3f;
+import com.orvexa.orvex.SbViewportRegion;
 import com.orvexa.orvex.SoDB;
+import com.orvexa.orvex.SoInput;
+import com.orvexa.orvex.SoPickedPoint;
+import com.orvexa.orvex.actions.SoGetBoundingBoxAction;
+import com.orvexa.orvex.actions.SoRayPickAction;
+import com.orvexa.orvex.nodes.SoMaterial;
+import com.orvexa.orvex.nodes.SoNode;
+import com.orvexa.orvex.nodes.SoSeparator;
+import com.orvexa.orvex.nodes.SoSphere;
+import com.orvexa.orvex.nodes.SoTranslation;
+import java.util.Arrays;
 
 /**
  * Starts the binding and shows what a user sees: the start-up of the toolkit
  * modules (traced when run with -Dorvex.native.debug=true), the toolkit
- * version, and scenes loaded on a native loader thread, whose read errors
- * arrive in Java.
+ * version, a scene built and read from Java, bounded and picked, and scenes
+ * loaded on a native loader thread, whose read errors arrive in Java.
  */
 public final class Demo {
   private static final String GOOD_SCENE = String.join("\n",
@@ -42,11 +55,55 @@ public final class Demo {
     Orvex.setErrorListener(message -> System.out.printf("Toolkit error received on thread \"%s\":%n  %s%n",
         Thread.currentThread().getName(), message.replace("\n", "\n  ")));
 
+    sceneGraphFromJava();
+
     System.out.println("Loading a scene on a native thread...");
     System.out.println("  " + describe(DemoNatives.loadSceneOnNativeThread(GOOD_SCENE)));
     System.out.println("Loading a broken scene on a native thread...");
     System.out.println("  " + describe(DemoNatives.loadSceneOnNativeThread(BAD_SCENE)));
     System.out.println("Done.");
+  }
+
+  /** Builds a scene in Java, adds a scene read from text, then bounds and picks it. */
+  private static void sceneGraphFromJava() {
+    SoSeparator root = new SoSeparator();
+    SoMaterial red = new SoMaterial();
+    red.diffuseColor.setValue(1f, 0f, 0f);
+    SoSphere ball = new SoSphere();
+    ball.radius.setValue(2f);
+    ball.setName("ball");
+    root.addChild(red);
+    root.addChild(ball);
+
+    SoInput in = new SoInput();
+    in.setBuffer(String.join("\n", "#Orvex V1.0 ascii", "Separator {", "  Translation { translation 6 0 0 }",
+        "  Cube { width 4 }", "}", ""));
+    SoSeparator read = SoDB.readAll(in);
+    SoTranslation left = new SoTranslation();
+    left.translation.setValue(-3f, 0f, 0f);
+    root.addChild(left);
+    root.addChild(read);
+    System.out.println("Built a scene in Java with " + root.getNumChildren() + " children (one read from text)");
+
+    SbViewportRegion viewport = new SbViewportRegion((short) 640, (short) 480);
+    SoGetBoundingBoxAction bbox = new SoGetBoundingBoxAction(viewport);
+    bbox.apply(root);
+    SbBox3f box = bbox.getBoundingBox();
+    System.out.println("  bounding box min " + Arrays.toString(box.getMin().array) + " max "
+        + Arrays.toString(box.getMax().array));
+
+    SoRayPickAction pick = new SoRayPickAction(viewport);
+    pick.setRay(new SbVec3f(0, 0, 10), new SbVec3f(0, 0, -1));
+    pick.apply(root);
+    SoPickedPoint hit = pick.getPickedPoint();
+    if (hit == null) {
+      System.out.println("  the ray down the z axis hit nothing");
+    } else {
+      SoNode tail = hit.getPath().getTail();
+      System.out.println("  the ray down the z axis hit " + tail.getClass().getSimpleName() + " \""
+          + tail.getName() + "\" at " + Arrays.toString(hit.getPoint().array)
+          + (tail == ball ? " (the same Java object that was added)" : ""));
+    }
   }
 
   private static String describe(String result) {

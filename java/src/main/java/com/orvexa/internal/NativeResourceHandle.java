@@ -30,11 +30,18 @@ public abstract class NativeResourceHandle {
   private static final int RELEASE_REQUESTED = Integer.MIN_VALUE;
 
   private final long address;
+  /** The handle of the object that owns this one's native object (a node for its field), or null. */
+  private final NativeResourceHandle lender;
   private final AtomicInteger state = new AtomicInteger();
   private volatile Cleaner.Cleanable cleanable;
 
   protected NativeResourceHandle(long address) {
+    this(address, null);
+  }
+
+  private NativeResourceHandle(long address, NativeResourceHandle lender) {
     this.address = address;
+    this.lender = lender;
   }
 
   /** The native address; 0 once a release has been requested. */
@@ -55,10 +62,16 @@ public abstract class NativeResourceHandle {
    */
   public final long acquire() {
     if (address == 0L) throw new IllegalStateException("the wrapper has no native object");
+    // An object lent by another lives inside it: the owner must be alive, and
+    // stay so for the call.
+    if (lender != null) lender.acquire();
     for (;;) {
       int s = state.get();
-      if (s < 0) throw new IllegalStateException("the native object has been released (disposed)");
-      if (s == Integer.MAX_VALUE) throw new IllegalStateException("too many calls in flight");
+      if (s < 0 || s == Integer.MAX_VALUE) {
+        if (lender != null) lender.endUse();
+        throw new IllegalStateException(s < 0 ? "the native object has been released (disposed)"
+            : "too many calls in flight");
+      }
       if (state.compareAndSet(s, s + 1)) return address;
     }
   }
@@ -66,6 +79,7 @@ public abstract class NativeResourceHandle {
   /** Ends a call started by {@link #acquire()}; frees the object if its release was requested meanwhile. */
   public final void endUse() {
     if (state.decrementAndGet() == RELEASE_REQUESTED) releaseNative(address);
+    if (lender != null) lender.endUse();
   }
 
   /** Releases the native object now, or once the calls in flight end; later calls do nothing. */
@@ -103,7 +117,16 @@ public abstract class NativeResourceHandle {
 
   /** A handle for a native object that the toolkit owns: releasing it does nothing. */
   public static NativeResourceHandle borrowed(long address) {
-    return new Borrowed(address);
+    return new Borrowed(address, null);
+  }
+
+  /**
+   * A handle for a native object that lives inside the object of {@code lender}
+   * (a field of a node): releasing it does nothing, and calls on it fail with
+   * {@link IllegalStateException} once the lender has been released.
+   */
+  public static NativeResourceHandle lentBy(long address, NativeResourceHandle lender) {
+    return new Borrowed(address, lender);
   }
 
   /** Holds the handle, not the wrapper, so that the wrapper can become unreachable. */
@@ -121,8 +144,8 @@ public abstract class NativeResourceHandle {
   }
 
   private static final class Borrowed extends NativeResourceHandle {
-    Borrowed(long address) {
-      super(address);
+    Borrowed(long address, NativeResourceHandle lender) {
+      super(address, lender);
     }
 
     @Override

@@ -90,6 +90,15 @@ public final class ObjectManager {
         NativeResourceHandle::borrowed);
     registerFamily("com.orvexa.orvex.errors.SoError", ObjectManager::getSoErrorNativeTypeName,
         NativeResourceHandle::borrowed);
+    // Actions, events and details that native code hands to Java are lent by
+    // the toolkit (the action being applied, the event being handled, the
+    // detail of a picked point): Java wraps them without owning them.
+    registerFamily("com.orvexa.orvex.actions.SoAction", ObjectManager::getSoActionNativeTypeName,
+        NativeResourceHandle::borrowed);
+    registerFamily("com.orvexa.orvex.events.SoEvent", ObjectManager::getSoEventNativeTypeName,
+        NativeResourceHandle::borrowed);
+    registerFamily("com.orvexa.orvex.details.SoDetail", ObjectManager::getSoDetailNativeTypeName,
+        NativeResourceHandle::borrowed);
   }
 
   private ObjectManager() {}
@@ -145,6 +154,25 @@ public final class ObjectManager {
   /** The wrapper of the native object at {@code address} as an instance of {@code javaClass}; null for 0. */
   public static <T extends Orvex> T getManagedObject(Class<T> javaClass, long address) {
     return javaClass.cast(getManagedObjectForInternal(javaClass, address));
+  }
+
+  /**
+   * The wrapper of the native object at {@code address} that lives inside the
+   * object of {@code lender} (a field of a node): the existing one, or a new
+   * one whose calls need the lender alive. Null for 0.
+   */
+  public static <T extends Orvex> T getLentObject(Class<T> javaClass, long address, Orvex lender) {
+    if (address == 0L) return null;
+    synchronized (LOCK) {
+      expungeCollected();
+      Entry entry = OBJECTS.get(address);
+      Orvex existing = entry == null ? null : entry.get();
+      if (javaClass.isInstance(existing)) return javaClass.cast(existing);
+      Family family = familyOf(javaClass);
+      String typeName = family == null ? null : family.typeNameOf.apply(address);
+      Class<? extends T> target = mostSpecificClass(javaClass, typeName);
+      return javaClass.cast(instantiate(target, NativeResourceHandle.lentBy(address, lender.getNativeResourceHandle())));
+    }
   }
 
   /** Called by native code with a dotted or slash-separated class name. */
@@ -319,4 +347,10 @@ public final class ObjectManager {
   private static native String getSoFieldNativeTypeName(long address);
 
   private static native String getSoErrorNativeTypeName(long address);
+
+  private static native String getSoActionNativeTypeName(long address);
+
+  private static native String getSoEventNativeTypeName(long address);
+
+  private static native String getSoDetailNativeTypeName(long address);
 }

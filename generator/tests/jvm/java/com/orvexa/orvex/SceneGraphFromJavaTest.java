@@ -1,0 +1,245 @@
+package com.orvexa.orvex;
+
+import static org.junit.jupiter.api.Assertions.assertArrayEquals;
+import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertInstanceOf;
+import static org.junit.jupiter.api.Assertions.assertNotNull;
+import static org.junit.jupiter.api.Assertions.assertNull;
+import static org.junit.jupiter.api.Assertions.assertSame;
+import static org.junit.jupiter.api.Assertions.assertThrows;
+
+import com.orvexa.orvex.actions.SoGetBoundingBoxAction;
+import com.orvexa.orvex.actions.SoRayPickAction;
+import com.orvexa.orvex.actions.SoSearchAction;
+import com.orvexa.orvex.fields.SoSFFloat;
+import com.orvexa.orvex.nodes.SoCube;
+import com.orvexa.orvex.nodes.SoMaterial;
+import com.orvexa.orvex.nodes.SoNode;
+import com.orvexa.orvex.nodes.SoSeparator;
+import com.orvexa.orvex.nodes.SoSphere;
+import com.orvexa.orvex.nodes.SoTranslation;
+import java.lang.ref.WeakReference;
+import org.junit.jupiter.api.Nested;
+import org.junit.jupiter.api.Test;
+
+/** A scene graph built, bounded, searched and picked from Java with the toolkit's own names. */
+class SceneGraphFromJavaTest {
+  private static SoSeparator redBall(SoSphere ball) {
+    SoSeparator root = new SoSeparator();
+    SoMaterial red = new SoMaterial();
+    red.diffuseColor.setValue(1f, 0f, 0f);
+    ball.radius.setValue(2f);
+    root.addChild(red);
+    root.addChild(ball);
+    return root;
+  }
+
+  @Nested
+  class Building {
+    @Test
+    void nodeFieldsAreJavaFieldsOfTheirFieldClass() {
+      SoSphere ball = new SoSphere();
+      assertInstanceOf(SoSFFloat.class, ball.radius);
+      assertEquals(1f, ball.radius.getValue());
+      ball.radius.setValue(2.5f);
+      assertEquals(2.5f, ball.radius.getValue());
+      // The same field object, found by name.
+      assertSame(ball.radius, ball.getField("radius"));
+      assertNull(ball.getField("noSuchField"));
+    }
+
+    @Test
+    void childrenAreTheSameJavaObjects() {
+      SoSphere ball = new SoSphere();
+      SoSeparator root = redBall(ball);
+      assertEquals(2, root.getNumChildren());
+      assertSame(ball, root.getChild(1));
+      assertInstanceOf(SoMaterial.class, root.getChild(0));
+    }
+
+    @Test
+    void nullChildIsAJavaException() {
+      SoSeparator root = new SoSeparator();
+      assertThrows(NullPointerException.class, () -> root.addChild(null));
+    }
+
+    @Test
+    void aFieldKeptAfterItsNodeWrapperIsDroppedStaysValid() throws Exception {
+      SoSFFloat radius = keepRadiusOnly();
+      for (int i = 0; i < 5; i++) {
+        System.gc();
+        Thread.sleep(20);
+      }
+      radius.setValue(4f);
+      assertEquals(4f, radius.getValue());
+    }
+
+    private SoSFFloat keepRadiusOnly() {
+      SoSphere ball = new SoSphere();
+      ball.radius.setValue(3f);
+      return ball.radius;
+    }
+
+    @Test
+    void aNodeInAGraphOutlivesItsWrapper() throws Exception {
+      SoSeparator root = new SoSeparator();
+      WeakReference<SoCube> dropped = addCube(root);
+      for (int i = 0; i < 5 && dropped.get() != null; i++) {
+        System.gc();
+        Thread.sleep(20);
+      }
+      // The graph still references the native node: a new wrapper stands for it.
+      SoNode child = root.getChild(0);
+      assertInstanceOf(SoCube.class, child);
+      assertEquals(6f, ((SoCube) child).width.getValue());
+    }
+
+    private WeakReference<SoCube> addCube(SoSeparator root) {
+      SoCube cube = new SoCube();
+      cube.width.setValue(6f);
+      root.addChild(cube);
+      return new WeakReference<>(cube);
+    }
+  }
+
+  @Nested
+  class Actions {
+    @Test
+    void boundingBoxOfASphere() {
+      SoSeparator root = redBall(new SoSphere());
+      SbViewportRegion viewport = new SbViewportRegion((short) 640, (short) 480);
+      SoGetBoundingBoxAction bbox = new SoGetBoundingBoxAction(viewport);
+      bbox.apply(root);
+      SbBox3f box = bbox.getBoundingBox();
+      assertArrayEquals(new float[] {-2, -2, -2, 2, 2, 2}, box.array, 1e-5f);
+    }
+
+    @Test
+    void boundingBoxFollowsATranslation() {
+      SoSeparator root = new SoSeparator();
+      SoTranslation move = new SoTranslation();
+      move.translation.setValue(10f, 0f, 0f);
+      root.addChild(move);
+      root.addChild(new SoCube());
+      SoGetBoundingBoxAction bbox = new SoGetBoundingBoxAction(new SbViewportRegion((short) 100, (short) 100));
+      bbox.apply(root);
+      assertArrayEquals(new float[] {9, -1, -1, 11, 1, 1}, bbox.getBoundingBox().array, 1e-5f);
+    }
+
+    @Test
+    void pickHitsTheSphereAndItsPathEndsInTheSameJavaObject() {
+      SoSphere ball = new SoSphere();
+      SoSeparator root = redBall(ball);
+      SbViewportRegion viewport = new SbViewportRegion((short) 640, (short) 480);
+      SoRayPickAction pick = new SoRayPickAction(viewport);
+      pick.setRay(new SbVec3f(0, 0, 10), new SbVec3f(0, 0, -1));
+      pick.apply(root);
+      SoPickedPoint hit = pick.getPickedPoint();
+      assertNotNull(hit);
+      assertSame(ball, hit.getPath().getTail());
+      assertSame(root, hit.getPath().getHead());
+      // The ray from z = 10 meets the sphere of radius 2 at z = 2, normal +z.
+      assertArrayEquals(new float[] {0, 0, 2}, hit.getPoint().array, 1e-4f);
+      assertArrayEquals(new float[] {0, 0, 1}, hit.getNormal().array, 1e-4f);
+    }
+
+    @Test
+    void aMissIsNull() {
+      SoSeparator root = redBall(new SoSphere());
+      SoRayPickAction pick = new SoRayPickAction(new SbViewportRegion((short) 64, (short) 64));
+      pick.setRay(new SbVec3f(10, 10, 10), new SbVec3f(0, 0, -1));
+      pick.apply(root);
+      assertNull(pick.getPickedPoint());
+    }
+
+    @Test
+    void searchByNameAndByNodeFindsTheJavaObjects() {
+      SoSphere ball = new SoSphere();
+      ball.setName("ball");
+      SoSeparator root = redBall(ball);
+      SoSearchAction search = new SoSearchAction();
+      search.setName("ball");
+      search.apply(root);
+      assertSame(ball, search.getPath().getTail());
+      SoSearchAction byNode = new SoSearchAction();
+      byNode.setNode(ball);
+      byNode.apply(root);
+      assertSame(ball, byNode.getPath().getTail());
+    }
+  }
+
+  @Nested
+  class Reading {
+    @Test
+    void readAllFromABuffer() {
+      SoInput in = new SoInput();
+      in.setBuffer("#Orvex V1.0 ascii\nSeparator { Cube { width 4 } }");
+      SoSeparator read = SoDB.readAll(in);
+      assertNotNull(read);
+      // A file whose one root is a separator reads as that separator.
+      assertEquals(1, read.getNumChildren());
+      SoCube cube = assertInstanceOf(SoCube.class, read.getChild(0));
+      assertEquals(4f, cube.width.getValue());
+    }
+
+    @Test
+    void aMalformedSceneIsNullWithItsErrorDeliveredNotThrown() {
+      java.util.List<String> errors = new java.util.ArrayList<>();
+      java.util.function.Consumer<String> previous = Orvex.setErrorListener(errors::add);
+      try {
+        SoInput in = new SoInput();
+        in.setBuffer("#Orvex V1.0 ascii\nSeparator { Cube { width } ");
+        assertNull(SoDB.readAll(in));
+      } finally {
+        Orvex.setErrorListener(previous);
+      }
+      assertEquals(false, errors.isEmpty());
+    }
+
+    @Test
+    void bufferSizeBeyondTheTextIsAJavaException() {
+      SoInput in = new SoInput();
+      assertThrows(IndexOutOfBoundsException.class, () -> in.setBuffer("abc", 4));
+      assertThrows(NullPointerException.class, () -> in.setBuffer((String) null));
+    }
+
+    @Test
+    void theBufferOfTheTextIsCutToTheGivenSize() {
+      SoInput in = new SoInput();
+      String text = "#Orvex V1.0 ascii\nCube { width 3 } Sphere { radius 5 }";
+      in.setBuffer(text, text.indexOf(" Sphere"));
+      SoSeparator read = SoDB.readAll(in);
+      assertEquals(1, read.getNumChildren());
+    }
+  }
+
+  @Nested
+  class Misuse {
+    @Test
+    void aFieldOfADisposedNodeIsAJavaException() {
+      SoSphere ball = new SoSphere();
+      SoSFFloat radius = ball.radius;
+      ball.dispose();
+      assertThrows(IllegalStateException.class, () -> ball.getField("radius"));
+      // The field lived inside the node, which is gone.
+      assertThrows(IllegalStateException.class, radius::getValue);
+    }
+
+    @Test
+    void childIndexOutOfRangeIsAJavaException() {
+      SoSeparator root = redBall(new SoSphere());
+      assertThrows(IndexOutOfBoundsException.class, () -> root.getChild(99));
+      assertThrows(IndexOutOfBoundsException.class, () -> root.getChild(-1));
+      assertThrows(IndexOutOfBoundsException.class, () -> root.removeChild(2));
+      assertThrows(IndexOutOfBoundsException.class, () -> root.insertChild(new SoCube(), 3));
+      root.insertChild(new SoCube(), 2);  // the end is a valid insertion position
+      assertEquals(3, root.getNumChildren());
+    }
+
+    @Test
+    void nullActionArgumentIsAJavaException() {
+      SoGetBoundingBoxAction bbox = new SoGetBoundingBoxAction(new SbViewportRegion((short) 10, (short) 10));
+      assertThrows(NullPointerException.class, () -> bbox.apply((SoNode) null));
+    }
+  }
+}

@@ -1,0 +1,23 @@
+  /**
+   * The field named {@code name} of this container as a wrapper of class
+   * {@code cls}. The wrapper keeps this container alive while it is
+   * reachable, since the container owns the field, and its calls fail with
+   * {@link IllegalStateException} once the container is disposed.
+   * Subclasses bind their field members with it.
+   *
+   * @throws IllegalStateException when the container has no such field
+   */
+  protected final <T extends SoField> T fieldOf(Class<T> cls, String name) {
+    final long self = com.orvexa.internal.NativeCalls.begin(this, "this");
+    try {
+      T field = com.orvexa.internal.ObjectManager.getLentObject(cls, getFieldHandle(self, name), this);
+      if (field == null) throw new IllegalStateException(getClass().getName() + " has no field " + name);
+      field.owner = this;
+      return field;
+    } finally {
+      com.orvexa.internal.NativeCalls.end(this);
+    }
+  }
+
+  /** The address of the field named {@code name} of the container, 0 for none. */
+  static native long getFieldHandle(long container, String name);
