@@ -12,6 +12,7 @@ packages=(
   zlib1g-dev
   clang-14 libclang-rt-14-dev
   libegl-dev libegl-mesa0 libgl-dev libgl1-mesa-dri libgles-dev libglu1-mesa-dev
+  libpng-dev libjpeg62-turbo-dev
 )
 
 missing=()

@@ -3,6 +3,7 @@
 #include <Orvex/nodes/SoSubNode.h>
 
 class SoDetail;
+class SoGLRenderAction;
 class SoPickedPoint;
 class SoPrimitiveVertex;
 
@@ -91,6 +92,9 @@ class SoShape : public SoNode {
   float getComplexityValue(SoAction* action);
 
  private:
+  // The render action draws a shape from the primitives it generates.
+  friend class SoGLRenderAction;
+
   // Hand one primitive to what the scope (or, without one, the action) does.
   void dispatchTriangle(orvex::PrimitiveScope* scope, SoAction* action, const SoPrimitiveVertex* v1,
                         const SoPrimitiveVertex* v2, const SoPrimitiveVertex* v3);

@@ -1,0 +1,24 @@
+#pragma once
+// Draws the vertex arrays of a shape with the OpenGL state the traversal
+// state asks for: matrices, lights, material, shape hints, draw style,
+// depth buffer and transparency.
+
+#include <Orvex/actions/SoGLRenderAction.h>
+
+#include <vector>
+
+#include "GLRenderCaches.h"
+
+class SoState;
+
+namespace orvex {
+
+struct GLDrawSettings {
+  SoGLRenderAction::TransparencyType transparency = SoGLRenderAction::BLEND;
+  const std::vector<GLLightSource>* lights = nullptr;
+  int numLights = 0;
+};
+
+void drawShapeArrays(SoState* state, const GLShapeArrays& arrays, const GLDrawSettings& settings);
+
+}  // namespace orvex
