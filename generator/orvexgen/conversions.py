@@ -731,4 +731,30 @@ class ArrayResult(Conversion):
         return [f"const jlong result = reinterpret_cast<jlong>({expr});"]
 
     def java_result(self, call, ctx):
-        return [f"return {raw_access(self.w, ctx.package)}.copies({call([])}, {ctx.array_count}());"]
+        count = ctx.array_count + "()" if ctx.array_count.isidentifier() else f"({ctx.array_count})"
+        return [f"return {raw_access(self.w, ctx.package)}.copies({call([])}, {count});"]
+
+
+class PrimArrayResult(Conversion):
+    """A member returning a pointer to `count` primitives: a new Java array
+    holding a copy (empty, not null, for a count of 0). `count` is a C++
+    expression evaluated in the entry point."""
+    kind = "prim_array_result"
+
+    def __init__(self, cpp_elem: str, jelem: str, count: str):
+        self.cpp_elem = cpp_elem
+        self.jelem = jelem
+        self.count = count
+        self.java_type = self.public_type = jelem + "[]"
+        self.jni_type = JNI_ARRAY[jelem]
+        self.jni_sig = "[" + JNI_SIG[jelem]
+
+    def cpp_result(self, expr):
+        native = {"float": "float", "double": "double", "int": "int", "short": "short", "byte": "unsigned char",
+                  "long": "long long"}[self.jelem]
+        new = {"float": "Float", "double": "Double", "int": "Int", "short": "Short", "byte": "Byte",
+               "long": "Long"}[self.jelem]
+        return [f"const auto* values = reinterpret_cast<const {native}*>({expr});",
+                f"const jsize count = static_cast<jsize>({self.count});",
+                f"const {self.jni_type} result = count <= 0 || values == nullptr ? env->New{new}Array(0)",
+                "    : ArrayHelper::fromNativeArray(env, values, static_cast<size_t>(count));"]

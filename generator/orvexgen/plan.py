@@ -311,13 +311,21 @@ def _check_rules_name_members(plan: ClassPlan, crules, rules: PackageRules) -> N
                         f". Members: {sorted(signatures)}")
 
 
+def _count_in_cpp(count: str, params: List[str]) -> str:
+    """A count expression over members and parameters, spelled for the entry
+    point: member calls go to `self`."""
+    if count.isidentifier():
+        count += "()"
+    return re.sub(r"\b([A-Za-z_]\w*)\s*\(", lambda mm: f"self->{mm.group(1)}(", count)
+
+
 def _check_array_counts(plan: ClassPlan, crules) -> None:
     members = {m.cfunc.name for m in plan.methods}
     unknown = set(crules.array_results) - members
     if unknown:
         raise PlanError(f"{plan.name}: array_results names no member: {sorted(unknown)}")
     for m in plan.wrapped_methods():
-        if not m.array_count:
+        if not m.array_count or not m.array_count.isidentifier():
             continue
         counts = [c for c in plan.wrapped_methods() if c.group == m.array_count and not c.args
                   and c.result.kind == "prim" and c.result.java_type == "int"
@@ -381,6 +389,8 @@ def _convert(m: Method, plan: ClassPlan, ctx: TypeContext, rules: PackageRules) 
                 length = re.sub(rf"\b{re.escape(old)}\b", new, length)
         conv = ctx.arg(p.type, mode, nullable=p.name in nullable or p.null_default, length=length)
         bound = crules.index_bounds.get(f.signature, {}).get(p.name)
+        if bound is None:
+            bound = rules.index_bounds.get(f.name, {}).get(p.name)
         if bound is not None:
             if conv.kind != "prim" or conv.java_type != "int":
                 raise PlanError(f"{plan.name}: index_bounds: {p.name} of {f.signature} is not an int")
@@ -390,15 +400,18 @@ def _convert(m: Method, plan: ClassPlan, ctx: TypeContext, rules: PackageRules) 
                   for i in range(len(m.args))]
     if f.is_variadic and not any(a.conv.kind == "format" for a in m.args):
         raise Unsupported("variadic member without a format string")
-    array_results = crules.array_results
+    array_results = dict(rules.array_results)
+    array_results.update(crules.array_results)
     if f.is_ctor:
         pass   # constructors return the new handle (or fill the receiver's array): no result conversion
     elif f.name in array_results:
-        try:
-            m.result = ctx.array_result(f.result)
-        except Unsupported as e:
-            raise PlanError(f"{plan.name}: array_results: {f.name}: {e}") from e
         m.array_count = array_results[f.name]
+        try:
+            m.result = ctx.array_result(f.result, _count_in_cpp(m.array_count, [p.name for p in params]))
+        except Unsupported as e:
+            if f.name in crules.array_results:
+                raise PlanError(f"{plan.name}: array_results: {f.name}: {e}") from e
+            raise   # a package-wide rule that does not fit this class: not wrapped, as --report says
     else:
         m.result = ctx.result(f.result, plan.name, m.receiver)
         if m.operator and m.result.kind not in ("void", "self", "bool", "value", "prim", "handle_owned"):

@@ -6,6 +6,9 @@ Keys (all optional):
   extensible         classes that Java may subclass (guards are generated)
   exclude            member names never wrapped (every class)
   operators          table: C++ operator -> Java method name
+  array_results      table: member name -> count expression, for every class
+                     of the package that has the member (see [class.<Name>])
+  index_bounds       table: member name -> { parameter = bound }, likewise
   java_names         table: C++ class -> Java class name, where they differ
                      (SoSFInt32 = "SoSFInt")
   carried_by         table: C++ class -> C++ class whose Java class stands
@@ -37,9 +40,12 @@ Keys (all optional):
                      own overloads of that name (numbers owned by the Java side)
     assumed_bytes    byte size the Java class assumes (checks only; defaults to
                      the size of the C++ class)
-    array_results    table: member -> count member. The member returns a pointer
-                     to that many contiguous objects of a wrapped class; Java
-                     gets an array of copies (the element class's toArray)
+    array_results    table: member -> count. The member returns a pointer to
+                     that many contiguous values: objects of a wrapped class
+                     (Java gets an array of copies) or primitives (a Java
+                     array). The count is a member name ("getNumFrames") or
+                     an expression over members and parameters
+                     ("getNum() - start")
 
 Nested classes are named as in C++ ("SoErrorStack::StackFrame", and
 [class."SoErrorStack::StackFrame"]); their enclosing class must be wrapped too.
@@ -79,13 +85,16 @@ class PackageRules:
     read_write: Set[str] = field(default_factory=set)
     java_names: Dict[str, str] = field(default_factory=dict)
     carried_by: Dict[str, str] = field(default_factory=dict)
+    array_results: Dict[str, str] = field(default_factory=dict)
+    index_bounds: Dict[str, Dict[str, str]] = field(default_factory=dict)
     per_class: Dict[str, ClassRules] = field(default_factory=dict)
 
     def for_class(self, name: str) -> ClassRules:
         return self.per_class.get(name, ClassRules())
 
 
-_TOP = {"classes", "value", "extensible", "exclude", "operators", "read_write", "class", "java_names", "carried_by"}
+_TOP = {"classes", "value", "extensible", "exclude", "operators", "read_write", "class", "java_names", "carried_by",
+        "array_results", "index_bounds"}
 _CLASS = {"java_side", "exclude", "reserve", "assumed_bytes", "array_results", "nullable", "array_lengths",
           "forward", "index_bounds"}
 
@@ -108,6 +117,8 @@ def load(path: str) -> PackageRules:
         raise ValueError(f"{path}: [operators] maps operator symbols to Java names; not operators: {bad}")
     r.read_write = set(data.get("read_write", []))
     r.java_names = dict(data.get("java_names", {}))
+    r.array_results = dict(data.get("array_results", {}))
+    r.index_bounds = {k: dict(v) for k, v in data.get("index_bounds", {}).items()}
     r.carried_by = dict(data.get("carried_by", {}))
     for k in list(r.java_names) + list(r.carried_by):
         if k not in r.classes:

@@ -5,7 +5,7 @@ from __future__ import annotations
 from typing import Dict, Optional
 
 from .cmodel import CClass, CType
-from .conversions import (READ_ONLY, READ_WRITE, ArrayResult, Bool, Conversion, Enum, Format, Handle,
+from .conversions import (READ_ONLY, READ_WRITE, ArrayResult, PrimArrayResult, Bool, Conversion, Enum, Format, Handle,
                           HandleArray, IntBuffer, OutScalar, OwnedCopy, PointerList, PrimArray, Primitive, Self,
                           String, StringArray, TypeName, Unsupported, Value, ValueRef, Void, WrappedClass)
 from .cparse import ancestors
@@ -196,8 +196,10 @@ class TypeContext:
                 return OwnedCopy(w, jt, target.name)
         raise Unsupported(f"result {t.spelling}")
 
-    def array_result(self, t: CType) -> Conversion:
+    def array_result(self, t: CType, count_cpp: str = "") -> Conversion:
         target = t.inner if t.kind == "ptr" else None
+        if target is not None and target.kind == "prim" and target.name in PRIM_JAVA and count_cpp:
+            return PrimArrayResult(target.name, PRIM_JAVA[target.name], count_cpp)
         if target is None or target.kind != "class" or target.name not in self.wrapped:
             raise Unsupported(f"an array result must point to objects of a wrapped class, not {t.spelling}")
         w = self.wrapped[target.name]

@@ -288,7 +288,7 @@ class FixtureJava(unittest.TestCase):
 
     def test_owned_class_shape(self):
         j = self.java["GuardProbe"]
-        self.assertIn("public class GuardProbe extends com.orvexa.orvex.Orvex {", j)
+        self.assertIn("public class GuardProbe extends com.orvexa.orvex.Orvex implements AutoCloseable {", j)
         self.assertIn("this(new NativeResourceHandle(ctorImpl()));", j)
         self.assertIn("private static native void deleteNativeHandleImpl(long address);", j)
         self.assertIn("protected int secret(int x) {", j)
@@ -301,7 +301,7 @@ class FixtureJava(unittest.TestCase):
 
     def test_nested_classes_are_static_members_of_their_enclosing_class(self):
         j = self.java["ProbeNest"]
-        self.assertIn("\n  public static class Item extends com.orvexa.orvex.Orvex {\n", j)
+        self.assertIn("\n  public static class Item extends com.orvexa.orvex.Orvex implements AutoCloseable {\n", j)
         self.assertIn("\n  public static class Span {\n", j)
         self.assertIn("\n    public static final class NativeResourceHandle extends com.orvexa.internal.NativeResourceHandle {"
                       "\n      NativeResourceHandle(long address) {", j)

@@ -75,6 +75,25 @@ class EveryWrapperClassTest {
   }
 
   @Test
+  void everyEngineAndEventClassConstructs() throws Exception {
+    int made = 0;
+    for (String pkg : new String[] {"com/orvexa/orvex/engines/", "com/orvexa/orvex/events/"}) {
+      for (Class<?> cls : classesOf(pkg)) {
+        Object o = newInstanceOrNull(cls);
+        if (o == null) continue;
+        made++;
+        for (Field f : cls.getFields()) {
+          if (SoField.class.isAssignableFrom(f.getType())) {
+            assertTrue(f.getType().isInstance(f.get(o)), cls.getSimpleName() + "." + f.getName());
+          }
+        }
+        ((Orvex) o).dispose();
+      }
+    }
+    assertTrue(made > 25, "engine and event classes made: " + made);
+  }
+
+  @Test
   void everyFieldClassConstructsAndReportsItsType() throws Exception {
     int made = 0;
     for (Class<?> cls : classesOf("com/orvexa/orvex/fields/")) {

@@ -169,6 +169,46 @@ class SceneGraphFromJavaTest {
   }
 
   @Nested
+  class BulkValues {
+    @Test
+    void numericValuesInAndOutAsArrays() {
+      com.orvexa.orvex.fields.SoMFFloat values = new com.orvexa.orvex.fields.SoMFFloat();
+      values.setValues(0, 3, new float[] {1, 2, 3});
+      assertArrayEquals(new float[] {1, 2, 3}, values.getValues(0));
+      assertArrayEquals(new float[] {2, 3}, values.getValues(1));
+      assertEquals(0, values.getValues(values.getNum()).length);
+      assertThrows(IndexOutOfBoundsException.class, () -> values.getValues(4));
+      assertThrows(IllegalArgumentException.class, () -> values.setValues(0, 5, new float[] {1, 2}));
+      values.dispose();
+    }
+
+    @Test
+    void vectorValuesFromFlatArraysAndBackAsValues() {
+      com.orvexa.orvex.nodes.SoCoordinate3 coords = new com.orvexa.orvex.nodes.SoCoordinate3();
+      coords.point.setValues(0, 2, new float[] {1, 2, 3, 4, 5, 6});
+      SbVec3f[] points = coords.point.getValues(0);
+      assertEquals(2, points.length);
+      assertArrayEquals(new float[] {4, 5, 6}, points[1].array);
+      // Two values need six floats.
+      assertThrows(IllegalArgumentException.class, () -> coords.point.setValues(0, 2, new float[5]));
+    }
+
+    @Test
+    void actionsAreAutoCloseable() {
+      SoSphere ball = new SoSphere();
+      SoSeparator root = redBall(ball);
+      SoSearchAction kept;
+      try (SoSearchAction search = new SoSearchAction()) {
+        search.setNode(ball);
+        search.apply(root);
+        assertSame(ball, search.getPath().getTail());
+        kept = search;
+      }
+      assertThrows(IllegalStateException.class, () -> kept.apply(root));
+    }
+  }
+
+  @Nested
   class Reading {
     @Test
     void readAllFromABuffer() {
@@ -210,6 +250,30 @@ class SceneGraphFromJavaTest {
       in.setBuffer(text, text.indexOf(" Sphere"));
       SoSeparator read = SoDB.readAll(in);
       assertEquals(1, read.getNumChildren());
+    }
+  }
+
+  @Nested
+  class Events {
+    @Test
+    void keysHaveTheToolkitValues() {
+      assertEquals(97, com.orvexa.orvex.events.SoKeyboardEvent.Keys.A.getValue());
+      assertEquals(65307, com.orvexa.orvex.events.SoKeyboardEvent.Keys.ESCAPE.getValue());
+    }
+
+    @Test
+    void aKeyboardEventCarriesItsKeyStateAndPosition() {
+      try (com.orvexa.orvex.events.SoKeyboardEvent key = new com.orvexa.orvex.events.SoKeyboardEvent()) {
+        key.setKey(com.orvexa.orvex.events.SoKeyboardEvent.Keys.Q);
+        key.setState(com.orvexa.orvex.events.SoButtonEvent.States.DOWN);
+        key.setPosition(new SbVec2s((short) 12, (short) 34));
+        assertEquals(com.orvexa.orvex.events.SoKeyboardEvent.Keys.Q, key.getKey());
+        assertEquals(com.orvexa.orvex.events.SoButtonEvent.States.DOWN, key.getState());
+        assertArrayEquals(new short[] {12, 34}, key.getPosition().array);
+        assertEquals("SoKeyboardEvent", key.getTypeId());
+        assertEquals(true, com.orvexa.orvex.events.SoKeyboardEvent.isKeyPressEvent(key,
+            com.orvexa.orvex.events.SoKeyboardEvent.Keys.Q));
+      }
     }
   }
 
