@@ -6,8 +6,12 @@
 #include <Orvex/fields/SoSubField.h>
 #include <Orvex/misc/SoBase.h>
 
+#include <Orvex/errors/SoMemoryError.h>
+
 #include <algorithm>
+#include <climits>
 #include <cstring>
+#include <new>
 #include <type_traits>
 #include <utility>
 
@@ -50,6 +54,25 @@ struct RefTraits<T*> {
 
 // Storage of a multiple-value field: grows geometrically, may live in memory
 // the field does not own.
+// The most memory one field's values may take: beyond it a growth fails as
+// if memory had run out (a field of many gigabytes is a mistake, and on a
+// system that overcommits memory the attempt would end in the process being
+// killed rather than in a failed allocation).
+constexpr size_t kMaxFieldBytes = size_t(4) << 30;
+
+// Grows a field for a setter: an allocation that fails leaves the field as it
+// is and posts a memory error. Answers whether the field grew.
+template <class Grow>
+bool growOrReport(Grow grow) {
+  try {
+    grow();
+    return true;
+  } catch (const std::bad_alloc&) {
+    SoMemoryError::post("field values");
+    return false;
+  }
+}
+
 template <class T>
 void allocValues(T*& values, int& num, int& maxNum, int newNum, bool& userData, bool& readOnly,
                  bool deleteEnabled) {
@@ -57,7 +80,13 @@ void allocValues(T*& values, int& num, int& maxNum, int newNum, bool& userData, 
   const bool mustCopy = userData && (readOnly || newNum > maxNum);
   if (mustCopy || newNum > maxNum) {
     int cap = newNum;
-    if (!mustCopy && newNum > maxNum && maxNum > 0) cap = std::max(newNum, maxNum + maxNum / 2);
+    if (!mustCopy && newNum > maxNum && maxNum > 0 && maxNum < INT_MAX / 2)
+      cap = std::max(newNum, maxNum + maxNum / 2);
+    // A size no memory can hold fails like an allocation: the reader turns
+    // that into a read error, the setters into a memory error (see
+    // growOrReport); the field keeps its values either way.
+    if (static_cast<size_t>(cap) > kMaxFieldBytes / sizeof(T)) cap = newNum;
+    if (static_cast<size_t>(cap) > kMaxFieldBytes / sizeof(T)) throw std::bad_alloc();
     T* fresh = new T[static_cast<size_t>(cap)]();
     const int keep = std::min(num, newNum);
     for (int i = 0; i < keep; ++i) fresh[i] = std::move(values[i]);
@@ -198,8 +227,10 @@ bool readBinary(SoInput* in, T* values, int num, bool& done) {
     return num - 1;                                                                    \
   }                                                                                    \
   void className::setValues(int start, int n, valueType const* newValues) {            \
-    if (start < 0 || n < 0 || (n > 0 && !newValues)) return;                           \
-    if (start + n > num || m_userDataIsReadOnly) allocValues(std::max(num, start + n)); \
+    if (start < 0 || n < 0 || (n > 0 && !newValues) || n > INT_MAX - start) return;    \
+    if ((start + n > num || m_userDataIsReadOnly) &&                                   \
+        !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))     \
+      return;                                                                          \
     for (int i = 0; i < n; ++i) {                                                      \
       orvex::fio::RefTraits<valueType>::attach(this, newValues[i]);                    \
       orvex::fio::RefTraits<valueType>::detach(this, values[start + i]);               \
@@ -208,8 +239,10 @@ bool readBinary(SoInput* in, T* values, int num, bool& done) {
     valueChanged(start, n);                                                            \
   }                                                                                    \
   void className::set1Value(int index, valueRef newValue) {                            \
-    if (index < 0) return;                                                             \
-    if (index >= num || m_userDataIsReadOnly) allocValues(std::max(num, index + 1));   \
+    if (index < 0 || index == INT_MAX) return;                                         \
+    if ((index >= num || m_userDataIsReadOnly) &&                                      \
+        !orvex::fio::growOrReport([&] { allocValues(std::max(num, index + 1)); }))      \
+      return;                                                                          \
     orvex::fio::RefTraits<valueType>::attach(this, newValue);                          \
     orvex::fio::RefTraits<valueType>::detach(this, values[index]);                     \
     values[index] = newValue;                                                          \

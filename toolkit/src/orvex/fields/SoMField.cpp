@@ -1,5 +1,9 @@
 #include <Orvex/fields/SoMField.h>
 
+#include <Orvex/errors/SoMemoryError.h>
+
+#include <new>
+
 #include <Orvex/SoInput.h>
 #include <Orvex/SoOutput.h>
 
@@ -23,7 +27,13 @@ void SoMField::initClass() {
 
 void SoMField::setNum(int newNum) {
   if (newNum < 0 || newNum == num) return;
-  allocValues(newNum);
+  try {
+    allocValues(newNum);
+  } catch (const std::bad_alloc&) {
+    // A size no memory can hold: the field keeps its values.
+    SoMemoryError::post("field values");
+    return;
+  }
   valueChanged();
 }
 

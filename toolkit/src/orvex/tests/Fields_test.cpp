@@ -30,6 +30,9 @@
 
 #include <gtest/gtest.h>
 
+#include <Orvex/errors/SoMemoryError.h>
+
+#include <climits>
 #include <cmath>
 #include <vector>
 
@@ -441,4 +444,35 @@ TEST_F(FieldsTest, TriggerOnlyNotifies) {
   t.get(text);
   EXPECT_TRUE(text.isEmpty());
   t.removeAuditor(&c);
+}
+
+namespace {
+int s_memoryErrors = 0;
+void countMemoryError(const SoError*, void*) { ++s_memoryErrors; }
+}  // namespace
+
+// An index or a count no memory can hold leaves the field as it was and posts
+// a memory error: the caller's mistake must not end the process.
+TEST_F(FieldsTest, GrowthBeyondAnyMemoryIsRefusedWithAMemoryError) {
+  SoErrorCB* previous = SoMemoryError::getHandlerCallback();
+  void* previousData = SoMemoryError::getHandlerCallbackData();
+  SoMemoryError::setHandlerCallback(countMemoryError, nullptr);
+  s_memoryErrors = 0;
+  SoMFVec3f points;
+  points.setValues(0, 2, std::vector<SbVec3f>{SbVec3f(1, 2, 3), SbVec3f(4, 5, 6)}.data());
+  points.set1Value(INT_MAX - 1, SbVec3f(7, 8, 9));
+  points.set1Value(INT_MAX, SbVec3f(7, 8, 9));
+  const float one = 1.0f;
+  SoMFFloat floats;
+  floats.setValues(INT_MAX - 10, 1, &one);
+  floats.setValues(INT_MAX, 5, &one);  // start + count overflows: refused outright
+  points.setNum(INT_MAX / 2);
+  EXPECT_EQ(points.getNum(), 2);
+  EXPECT_EQ(points[1], SbVec3f(4, 5, 6));
+  EXPECT_EQ(floats.getNum(), 0);
+  EXPECT_EQ(s_memoryErrors, 3);
+  // Ordinary growth still works afterwards.
+  points.set1Value(4, SbVec3f(7, 8, 9));
+  EXPECT_EQ(points.getNum(), 5);
+  SoMemoryError::setHandlerCallback(previous, previousData);
 }
