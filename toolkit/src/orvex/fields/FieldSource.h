@@ -58,7 +58,7 @@ struct RefTraits<T*> {
 // if memory had run out (a field of many gigabytes is a mistake, and on a
 // system that overcommits memory the attempt would end in the process being
 // killed rather than in a failed allocation).
-constexpr size_t kMaxFieldBytes = size_t(4) << 30;
+constexpr size_t kMaxFieldBytes = size_t(1) << 30;
 
 // Grows a field for a setter: an allocation that fails leaves the field as it
 // is and posts a memory error. Answers whether the field grew.

@@ -290,6 +290,24 @@ class SceneGraphFromJavaTest {
     }
 
     @Test
+    void aValueIndexNoMemoryCanHoldIsAToolkitErrorNotACrash() {
+      java.util.List<String> errors = new java.util.ArrayList<>();
+      java.util.function.Consumer<String> previous = Orvex.setErrorListener(errors::add);
+      try {
+        com.orvexa.orvex.fields.SoMFFloat values = new com.orvexa.orvex.fields.SoMFFloat();
+        values.setValues(0, 2, new float[] {1, 2});
+        values.set1Value(Integer.MAX_VALUE - 1, 3f);
+        values.setNum(Integer.MAX_VALUE / 2);
+        assertEquals(2, values.getNum());
+        assertArrayEquals(new float[] {1, 2}, values.getValues(0));
+        values.dispose();
+      } finally {
+        Orvex.setErrorListener(previous);
+      }
+      assertEquals(2, errors.size(), errors.toString());
+    }
+
+    @Test
     void childIndexOutOfRangeIsAJavaException() {
       SoSeparator root = redBall(new SoSphere());
       assertThrows(IndexOutOfBoundsException.class, () -> root.getChild(99));
