@@ -98,6 +98,9 @@ public abstract class NativeResourceHandle {
    */
   public final void attachTo(Object owner) {
     if (cleanable != null) throw new IllegalStateException("handle already attached to a wrapper");
+    // A handle whose release frees nothing needs no clean-up when its wrapper
+    // goes: registering one would only load the collector.
+    if (this instanceof Borrowed) return;
     cleanable = CLEANER.register(owner, new Releaser(this));
   }
 

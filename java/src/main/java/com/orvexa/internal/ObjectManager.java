@@ -162,15 +162,28 @@ public final class ObjectManager {
    * one whose calls need the lender alive. Null for 0.
    */
   public static <T extends Orvex> T getLentObject(Class<T> javaClass, long address, Orvex lender) {
+    return getLentObject(javaClass, address, lender, false);
+  }
+
+  /**
+   * As {@link #getLentObject(Class, long, Orvex)}; with {@code exact}, the
+   * native object is known to be of exactly the toolkit class of
+   * {@code javaClass} (a field member of its declared class), so its run-time
+   * type is not asked for.
+   */
+  public static <T extends Orvex> T getLentObject(Class<T> javaClass, long address, Orvex lender, boolean exact) {
     if (address == 0L) return null;
     synchronized (LOCK) {
       expungeCollected();
       Entry entry = OBJECTS.get(address);
       Orvex existing = entry == null ? null : entry.get();
       if (javaClass.isInstance(existing)) return javaClass.cast(existing);
-      Family family = familyOf(javaClass);
-      String typeName = family == null ? null : family.typeNameOf.apply(address);
-      Class<? extends T> target = mostSpecificClass(javaClass, typeName);
+      Class<? extends T> target = javaClass;
+      if (!exact) {
+        Family family = familyOf(javaClass);
+        String typeName = family == null ? null : family.typeNameOf.apply(address);
+        target = mostSpecificClass(javaClass, typeName);
+      }
       return javaClass.cast(instantiate(target, NativeResourceHandle.lentBy(address, lender.getNativeResourceHandle())));
     }
   }
@@ -261,11 +274,28 @@ public final class ObjectManager {
     return cls != null && Orvex.class.isAssignableFrom(cls) ? cls : null;
   }
 
+  /** The (NativeResourceHandle) constructor of each wrapper class, looked up once. */
+  private static final ClassValue<Constructor<?>> HANDLE_CONSTRUCTORS = new ClassValue<>() {
+    @Override
+    protected Constructor<?> computeValue(Class<?> cls) {
+      try {
+        Constructor<?> ctor = cls.getDeclaredConstructor(NativeResourceHandle.class);
+        ctor.setAccessible(true);
+        return ctor;
+      } catch (ReflectiveOperationException | RuntimeException e) {
+        return null;
+      }
+    }
+  };
+
   private static Orvex instantiate(Class<? extends Orvex> cls, NativeResourceHandle handle) {
+    Constructor<?> ctor = HANDLE_CONSTRUCTORS.get(cls);
+    if (ctor == null) {
+      handle.release();
+      throw new IllegalArgumentException(cls.getName() + " has no usable (NativeResourceHandle) constructor");
+    }
     try {
-      Constructor<? extends Orvex> ctor = cls.getDeclaredConstructor(NativeResourceHandle.class);
-      ctor.setAccessible(true);
-      return ctor.newInstance(handle);
+      return (Orvex) ctor.newInstance(handle);
     } catch (InvocationTargetException e) {
       handle.release();
       throw rethrow(e);
@@ -274,6 +304,7 @@ public final class ObjectManager {
       throw new IllegalArgumentException(cls.getName() + " has no usable (NativeResourceHandle) constructor", e);
     }
   }
+
 
   private static Family familyOf(Class<?> cls) {
     synchronized (FAMILIES) {

@@ -10,7 +10,8 @@
   protected final <T extends SoField> T fieldOf(Class<T> cls, String name) {
     final long self = com.orvexa.internal.NativeCalls.begin(this, "this");
     try {
-      T field = com.orvexa.internal.ObjectManager.getLentObject(cls, getFieldHandle(self, name), this);
+      // A field member is of exactly its declared class: no need to ask its type.
+      T field = com.orvexa.internal.ObjectManager.getLentObject(cls, getFieldHandle(self, name), this, true);
       if (field == null) throw new IllegalStateException(getClass().getName() + " has no field " + name);
       field.owner = this;
       return field;
