@@ -223,6 +223,29 @@ class SceneGraphFromJavaTest {
     }
 
     @Test
+    void writtenToAFileAndReadBackEqual(@org.junit.jupiter.api.io.TempDir java.nio.file.Path dir) {
+      SoSeparator root = redBall(new SoSphere());
+      String file = dir.resolve("ball.ovx").toString();
+      try (SoOutput out = new SoOutput()) {
+        assertEquals(true, out.openFile(file));
+        try (com.orvexa.orvex.actions.SoWriteAction write = new com.orvexa.orvex.actions.SoWriteAction(out)) {
+          write.apply(root);
+        }
+        out.closeFile();
+        assertEquals(false, out.hasWriteError());
+      }
+      SoInput in = new SoInput();
+      assertEquals(true, in.openFile(file));
+      SoSeparator read = SoDB.readAll(in);
+      assertNotNull(read);
+      assertEquals(2, read.getNumChildren());
+      SoMaterial material = assertInstanceOf(SoMaterial.class, read.getChild(0));
+      assertArrayEquals(new float[] {1, 0, 0}, material.diffuseColor.getValues(0)[0].array, 0f);
+      SoSphere sphere = assertInstanceOf(SoSphere.class, read.getChild(1));
+      assertEquals(2f, sphere.radius.getValue());
+    }
+
+    @Test
     void aMalformedSceneIsNullWithItsErrorDeliveredNotThrown() {
       java.util.List<String> errors = new java.util.ArrayList<>();
       java.util.function.Consumer<String> previous = Orvex.setErrorListener(errors::add);
