@@ -6,9 +6,11 @@ import com.orvexa.orvex.SbVec3f;
 import com.orvexa.orvex.SbViewportRegion;
 import com.orvexa.orvex.SoDB;
 import com.orvexa.orvex.SoInput;
+import com.orvexa.orvex.SoOutput;
 import com.orvexa.orvex.SoPickedPoint;
 import com.orvexa.orvex.actions.SoGetBoundingBoxAction;
 import com.orvexa.orvex.actions.SoRayPickAction;
+import com.orvexa.orvex.actions.SoWriteAction;
 import com.orvexa.orvex.nodes.SoMaterial;
 import com.orvexa.orvex.nodes.SoNode;
 import com.orvexa.orvex.nodes.SoSeparator;
@@ -19,7 +21,8 @@ import java.util.Arrays;
 /**
  * Starts the binding and shows what a user sees: the start-up of the toolkit
  * modules (traced when run with -Dorvex.native.debug=true), the toolkit
- * version, a scene built and read from Java, bounded and picked, and scenes
+ * version, a scene built and read from Java, bounded, picked and written
+ * back out, and scenes
  * loaded on a native loader thread, whose read errors arrive in Java.
  */
 public final class Demo {
@@ -103,6 +106,16 @@ public final class Demo {
       System.out.println("  the ray down the z axis hit " + tail.getClass().getSimpleName() + " \""
           + tail.getName() + "\" at " + Arrays.toString(hit.getPoint().array)
           + (tail == ball ? " (the same Java object that was added)" : ""));
+    }
+
+    String file = System.getProperty("java.io.tmpdir") + java.io.File.separator + "orvex-demo-scene.ovx";
+    try (SoOutput out = new SoOutput(); SoWriteAction write = new SoWriteAction(out)) {
+      if (out.openFile(file)) {
+        write.apply(root);
+        out.closeFile();
+        System.out.println("  the scene was written back out to " + file
+            + (out.hasWriteError() ? " (with a write error)" : ""));
+      }
     }
   }
 
