@@ -86,6 +86,34 @@ set(ORVEX_SANITIZER_JVM_ASAN_OPTIONS
   "handle_segv=0:allow_user_segv_handler=1:detect_leaks=0:detect_stack_use_after_return=0:use_sigaltstack=0:abort_on_error=0:exitcode=86")
 set(ORVEX_SANITIZER_UBSAN_OPTIONS "print_stacktrace=1:halt_on_error=1")
 
+# A dlclose() that keeps libraries mapped (see the source), for test
+# programs whose libraries load and unload plug-ins such as OpenGL drivers.
+add_library(orvex_keep_libraries_loaded SHARED ${CMAKE_CURRENT_LIST_DIR}/sanitizers/KeepLibrariesLoaded.c)
+# Nothing in it to instrument, and it must not pull a runtime of its own.
+set_property(TARGET orvex_keep_libraries_loaded PROPERTY COMPILE_OPTIONS "")
+set_property(TARGET orvex_keep_libraries_loaded PROPERTY LINK_OPTIONS "")
+
+# orvex_sanitize_keep_libraries_loaded(<gtest target>)
+# Runs every test that gtest_discover_tests() registered for the target
+# (call it after that) with the dlclose() above preloaded; with GCC the
+# shared ASan runtime has to come first in the list. The environment is set
+# when ctest reads the directory, after the discovered tests are known:
+# gtest_discover_tests() cannot pass list-valued properties through.
+function(orvex_sanitize_keep_libraries_loaded target)
+  set(preload "$<TARGET_FILE:orvex_keep_libraries_loaded>")
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    set(preload "${_orvex_asan_runtime}:${preload}")
+  endif()
+  add_dependencies(${target} orvex_keep_libraries_loaded)
+  set(script "${CMAKE_CURRENT_BINARY_DIR}/${target}_keep_libraries_loaded.cmake")
+  string(CONCAT content
+    "foreach(test IN LISTS ${target}_TESTS)\n"
+    "  set_tests_properties(\"\${test}\" PROPERTIES ENVIRONMENT_MODIFICATION [==[LD_PRELOAD=set:${preload}]==])\n"
+    "endforeach()\n")
+  file(GENERATE OUTPUT "${script}" CONTENT "${content}")
+  set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES "${script}")
+endfunction()
+
 # orvex_sanitize_jvm_test(<test>...)
 # Adds the sanitizer runtime and its options to the environment of tests
 # that run a JVM, and fails them on any sanitizer report in their output.
