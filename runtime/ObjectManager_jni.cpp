@@ -12,36 +12,44 @@
 
 #include "StringHelper.h"
 
+namespace {
+// The run-time toolkit type name of a native object of family T.
+template <class T>
+jstring typeNameOf(JNIEnv* env, jlong handle) {
+  return StringHelper::fromNativeString(env, reinterpret_cast<T*>(handle)->getTypeId().getName());
+}
+}  // namespace
+
 extern "C" {
 
 JNIEXPORT jstring JNICALL Java_com_orvexa_internal_ObjectManager_getSoBaseNativeTypeName(JNIEnv* env, jclass,
                                                                                         jlong handle) {
-  return StringHelper::fromNativeString(env, reinterpret_cast<SoBase*>(handle)->getTypeId().getName());
+  return typeNameOf<SoBase>(env, handle);
 }
 
 JNIEXPORT jstring JNICALL Java_com_orvexa_internal_ObjectManager_getSoFieldNativeTypeName(JNIEnv* env, jclass,
                                                                                          jlong handle) {
-  return StringHelper::fromNativeString(env, reinterpret_cast<SoField*>(handle)->getTypeId().getName());
+  return typeNameOf<SoField>(env, handle);
 }
 
 JNIEXPORT jstring JNICALL Java_com_orvexa_internal_ObjectManager_getSoErrorNativeTypeName(JNIEnv* env, jclass,
                                                                                          jlong handle) {
-  return StringHelper::fromNativeString(env, reinterpret_cast<SoError*>(handle)->getTypeId().getName());
+  return typeNameOf<SoError>(env, handle);
 }
 
 JNIEXPORT jstring JNICALL Java_com_orvexa_internal_ObjectManager_getSoActionNativeTypeName(JNIEnv* env, jclass,
                                                                                           jlong handle) {
-  return StringHelper::fromNativeString(env, reinterpret_cast<SoAction*>(handle)->getTypeId().getName());
+  return typeNameOf<SoAction>(env, handle);
 }
 
 JNIEXPORT jstring JNICALL Java_com_orvexa_internal_ObjectManager_getSoEventNativeTypeName(JNIEnv* env, jclass,
                                                                                          jlong handle) {
-  return StringHelper::fromNativeString(env, reinterpret_cast<SoEvent*>(handle)->getTypeId().getName());
+  return typeNameOf<SoEvent>(env, handle);
 }
 
 JNIEXPORT jstring JNICALL Java_com_orvexa_internal_ObjectManager_getSoDetailNativeTypeName(JNIEnv* env, jclass,
                                                                                           jlong handle) {
-  return StringHelper::fromNativeString(env, reinterpret_cast<SoDetail*>(handle)->getTypeId().getName());
+  return typeNameOf<SoDetail>(env, handle);
 }
 
 }  // extern "C"

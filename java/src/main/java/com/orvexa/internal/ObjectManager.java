@@ -174,10 +174,8 @@ public final class ObjectManager {
   public static <T extends Orvex> T getLentObject(Class<T> javaClass, long address, Orvex lender, boolean exact) {
     if (address == 0L) return null;
     synchronized (LOCK) {
-      expungeCollected();
-      Entry entry = OBJECTS.get(address);
-      Orvex existing = entry == null ? null : entry.get();
-      if (javaClass.isInstance(existing)) return javaClass.cast(existing);
+      T existing = registeredAs(javaClass, address);
+      if (existing != null) return existing;
       Class<? extends T> target = javaClass;
       if (!exact) {
         Family family = familyOf(javaClass);
@@ -186,6 +184,14 @@ public final class ObjectManager {
       }
       return javaClass.cast(instantiate(target, NativeResourceHandle.lentBy(address, lender.getNativeResourceHandle())));
     }
+  }
+
+  /** The live wrapper registered for {@code address} if it is a {@code javaClass}, else null. Under LOCK. */
+  private static <T extends Orvex> T registeredAs(Class<T> javaClass, long address) {
+    expungeCollected();
+    Entry entry = OBJECTS.get(address);
+    Orvex existing = entry == null ? null : entry.get();
+    return javaClass.isInstance(existing) ? javaClass.cast(existing) : null;
   }
 
   /** Called by native code with a dotted or slash-separated class name. */
@@ -205,10 +211,8 @@ public final class ObjectManager {
   public static <T extends Orvex> T getManagedObjectForType(Class<T> javaClass, long address, String toolkitTypeName) {
     if (address == 0L) return null;
     synchronized (LOCK) {
-      expungeCollected();
-      Entry entry = OBJECTS.get(address);
-      Orvex existing = entry == null ? null : entry.get();
-      if (javaClass.isInstance(existing)) return javaClass.cast(existing);
+      T existing = registeredAs(javaClass, address);
+      if (existing != null) return existing;
       Family family = familyOf(javaClass);
       String typeName = toolkitTypeName;
       if (typeName == null && family != null) typeName = family.typeNameOf.apply(address);
