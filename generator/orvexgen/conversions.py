@@ -149,6 +149,7 @@ class JavaContext:
     package: str
     self_type: str
     array_count: str = ""
+    lender: str = ""          # the receiver that lends the owned objects its members return
 
 
 class Void(Conversion):
@@ -247,7 +248,7 @@ class Enum(Conversion):
         self.public_sig = f"L{binary.replace('.', '/')};"
 
     def java_checks(self, p):
-        return [f"if ({p} == null) throw com.orvexa.internal.NativeCalls.nullArgument(\"{p}\");"]
+        return [null_check(p)]
 
     def java_pass(self, p):
         return f"{p}.getValue()"
@@ -283,7 +284,7 @@ class String(Conversion):
     def java_checks(self, p):
         if self.nullable:
             return []
-        return [f"if ({p} == null) throw com.orvexa.internal.NativeCalls.nullArgument(\"{p}\");"]
+        return [null_check(p)]
 
     def cpp_pre(self, p):
         lines = [f"StringHelper {p}StrHelper(env, {p});"]
@@ -335,7 +336,7 @@ class TypeName(Conversion):
     jni_sig = "Ljava/lang/String;"
 
     def java_checks(self, p):
-        return [f"if ({p} == null) throw com.orvexa.internal.NativeCalls.nullArgument(\"{p}\");"]
+        return [null_check(p)]
 
     def cpp_pre(self, p):
         return [f"StringHelper {p}TypeNameHelper(env, {p});"]
@@ -363,15 +364,25 @@ class Handle(Conversion):
     jni_type = "jlong"
     jni_sig = "J"
 
-    def __init__(self, w: WrappedClass, java_name: str, cpp_class: str, by_ref: bool, nullable: bool):
+    def __init__(self, w: WrappedClass, java_name: str, cpp_class: str, by_ref: bool, nullable: bool,
+                 applied: bool = False):
         self.w = w
         self.public_type = java_name
         self.cpp_class = cpp_class
         self.by_ref = by_ref
         self.nullable = nullable and not by_ref
         self.handle_class = w
+        # An action handed to a node's traversal method must be traversing:
+        # outside apply() it has no state for the node to work on.
+        self.applied = applied
         if by_ref:
             self.kind = "handle_ref"
+
+    def java_checks(self, p):
+        if not self.applied:
+            return []
+        return [f"if ({p} != null && !{p}.isBeingApplied()) "
+                f"throw new IllegalStateException(\"{p} is not being applied\");"]
 
     def java_begin(self, p):
         if self.nullable:
@@ -394,6 +405,12 @@ class Handle(Conversion):
         return [f"const jlong result = reinterpret_cast<jlong>({expr});"]
 
     def java_result(self, call, ctx):
+        if self.w.kind == "owned" and ctx.lender:
+            # An owned object a member hands out belongs to the receiver (an
+            # action's picked point, a container's field): its wrapper's calls
+            # need the receiver alive, and keep it so.
+            return [f"return com.orvexa.internal.ObjectManager.getLentObject({self.public_type}.class, "
+                    f"{call([])}, {ctx.lender});"]
         return [f"return com.orvexa.internal.ObjectManager.getManagedObject({self.public_type}.class, {call([])});"]
 
     call_kind = "Object"
@@ -454,7 +471,7 @@ class Value(Conversion):
 
     def java_checks(self, p):
         # A value's array always has its class's length (constructors check it).
-        return [f"if ({p} == null) throw com.orvexa.internal.NativeCalls.nullArgument(\"{p}\");"]
+        return [null_check(p)]
 
     def java_pass(self, p):
         return f"{p}.array"
@@ -553,7 +570,7 @@ class PrimArray(Conversion):
     def java_checks(self, p):
         if not self.exact:
             return _length_checks(p, self.length)
-        return [f"if ({p} == null) throw com.orvexa.internal.NativeCalls.nullArgument(\"{p}\");",
+        return [null_check(p),
                 f"if ({p}.length != {self.length}) "
                 f"throw com.orvexa.internal.NativeCalls.wrongLength(\"{p}\", {self.length}, {p}.length);"]
 
@@ -566,9 +583,14 @@ class PrimArray(Conversion):
         return f"*{cast}" if self.deref else cast
 
 
+def null_check(p: str) -> str:
+    """The check of an argument the toolkit does not accept as null."""
+    return f"if ({p} == null) throw com.orvexa.internal.NativeCalls.nullArgument(\"{p}\");"
+
+
 def _length_checks(p: str, length: str) -> List[str]:
     """A Java array that must hold at least `length` elements."""
-    return [f"if ({p} == null) throw com.orvexa.internal.NativeCalls.nullArgument(\"{p}\");",
+    return [null_check(p),
             f"if ((long) {p}.length < (long) ({length})) "
             f"throw com.orvexa.internal.NativeCalls.tooShort(\"{p}\", {length}, {p}.length);"]
 
@@ -591,10 +613,13 @@ class HandleArray(Conversion):
         return _length_checks(p, self.length)
 
     def java_begin(self, p):
-        return [f"final long[] {p}Handles = com.orvexa.internal.NativeCalls.beginAll({p});"]
+        # A copy: the caller's array may change while the call runs, and the
+        # objects marked must be the ones unmarked.
+        return [f"final com.orvexa.orvex.Orvex[] {p}Objects = {p}.clone();",
+                f"final long[] {p}Handles = com.orvexa.internal.NativeCalls.beginAll({p}Objects);"]
 
     def java_end(self, p):
-        return [f"com.orvexa.internal.NativeCalls.endAll({p}, {p}Handles);"]
+        return [f"com.orvexa.internal.NativeCalls.endAll({p}Objects);"]
 
     def java_pass(self, p):
         return f"{p}Handles"
@@ -642,7 +667,7 @@ class OutScalar(Conversion):
         self.store = store        # C++ expression over `<p>Tmp`, with {p} for the name
 
     def java_checks(self, p):
-        return [f"if ({p} == null) throw com.orvexa.internal.NativeCalls.nullArgument(\"{p}\");",
+        return [null_check(p),
                 f"if ({p}.length < 1) throw com.orvexa.internal.NativeCalls.tooShort(\"{p}\", 1, {p}.length);"]
 
     def cpp_pre(self, p):
@@ -668,7 +693,7 @@ class IntBuffer(Conversion):
         self.count = count
 
     def java_checks(self, p):
-        return [f"if ({p} == null) throw com.orvexa.internal.NativeCalls.nullArgument(\"{p}\");",
+        return [null_check(p),
                 f"if ({p}.length < 1) throw com.orvexa.internal.NativeCalls.tooShort(\"{p}\", 1, {p}.length);"]
 
     def cpp_pre(self, p):

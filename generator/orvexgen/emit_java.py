@@ -91,7 +91,7 @@ def _public_method(plan: ClassPlan, m: Method) -> List[str]:
     ret = plan.java_simple if r.kind == "self" else r.public_type
     mods = f"{m.java_access} {'static ' if static else ''}"
     out = [f"  {mods}{ret} {m.group}({_public_params(m)}) {{"]
-    ctx = JavaContext(plan.package, plan.java_simple, m.array_count)
+    ctx = JavaContext(plan.package, plan.java_simple, m.array_count, "this" if m.receiver == "handle" else "")
     inner = r.java_result(lambda extra: f"{m.native_name}({_native_args(plan, m, extra)})", ctx)
     out += _guarded_body(plan, m, inner)
     out.append("  }")

@@ -229,6 +229,7 @@ def plan_class(name: str, classes: Dict[str, CClass], wrapped: Dict[str, Wrapped
     plan = ClassPlan(cls, w, rules, java_base, base_w, extensible=name in rules.extensible)
     plan.assumed_bytes = crules.assumed_bytes or cls.size
     ctx = TypeContext(classes, wrapped, enums, w.package)
+    ctx.owner = name
 
     for e in cls.enums:
         if e.access == "public":

@@ -32,6 +32,7 @@ class TypeContext:
         self.wrapped = wrapped          # C++ class name -> WrappedClass
         self.enums = enums              # "Cls::Enum" -> (C++ owner class, enum name)
         self.package = current_package
+        self.owner = ""                 # the class whose members are being converted
 
     def java_name(self, w: WrappedClass) -> str:
         return w.java_name if w.package == self.package else w.qualified
@@ -64,7 +65,8 @@ class TypeContext:
             w = self.wrapped[base.name]
             if w.kind == "value":
                 return Value(w, self.java_name(w), base.name, mode if base.const else READ_WRITE)
-            return Handle(w, self.java_name(w), base.name, by_ref=True, nullable=False)
+            return Handle(w, self.java_name(w), base.name, by_ref=True, nullable=False,
+                          applied=self._traversal_action(base.name))
         if t.kind == "ptr" and base.inner is not None and base.inner.kind == "ptr":
             return self._pointer_array(base.inner, length)
         if t.kind == "ptr" and base.inner is not None and base.inner.kind == "class" and \
@@ -81,11 +83,19 @@ class TypeContext:
                         raise Unsupported(f"array of {inner.name} of unknown length (give it in array_lengths)")
                     return PrimArray(w.elem, f"{inner.spelling}*", mode if inner.const else READ_WRITE,
                                      f"({length}) * {w.length}", exact=False)
-                return Handle(w, self.java_name(w), inner.name, by_ref=False, nullable=nullable)
+                return Handle(w, self.java_name(w), inner.name, by_ref=False, nullable=nullable,
+                              applied=self._traversal_action(inner.name))
             raise Unsupported(f"pointer to {inner.name}, which is not wrapped")
         if t.kind in ("array", "ptr") or (is_ref and base.kind == "array"):
             return self._array_arg(t, mode, length)
         raise Unsupported(f"parameter type {t.spelling}")
+
+    def _traversal_action(self, cls: str) -> bool:
+        """An action handed to a member of a class that is not an action (a
+        node's traversal method): it must be the action being applied."""
+        def is_action(name: str) -> bool:
+            return name == "SoAction" or "SoAction" in ancestors(self.classes, name)
+        return bool(self.owner) and is_action(cls) and not is_action(self.owner)
 
     def _pointer_array(self, elem: CType, length: Optional[str]) -> Conversion:
         """`const char**`: a String[]; `T**` of a handle class: a long[] of handles."""

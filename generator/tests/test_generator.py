@@ -328,7 +328,9 @@ class FixtureJava(unittest.TestCase):
         self.assertIn('if ((long) probes.length < (long) (count)) '
                       'throw com.orvexa.internal.NativeCalls.tooShort("probes", count, probes.length);', j)
         self.assertIn('if (words[i] == null) throw com.orvexa.internal.NativeCalls.nullArgument("words[" + i + "]");', j)
-        self.assertIn("final long[] probesHandles = com.orvexa.internal.NativeCalls.beginAll(probes);", j)
+        self.assertIn("final com.orvexa.orvex.Orvex[] probesObjects = probes.clone();\n", j)
+        self.assertIn("final long[] probesHandles = com.orvexa.internal.NativeCalls.beginAll(probesObjects);", j)
+        self.assertIn("com.orvexa.internal.NativeCalls.endAll(probesObjects);", j)
 
 
 class FixtureCustomClass(unittest.TestCase):

@@ -342,6 +342,24 @@ class SceneGraphFromJavaTest {
     }
 
     @Test
+    void aPickedPointOfADisposedActionIsAJavaException() {
+      SoSeparator root = redBall(new SoSphere());
+      SoRayPickAction pick = new SoRayPickAction(new SbViewportRegion((short) 64, (short) 64));
+      pick.setRay(new SbVec3f(0, 0, 10), new SbVec3f(0, 0, -1));
+      pick.apply(root);
+      SoPickedPoint hit = pick.getPickedPoint();
+      assertArrayEquals(new float[] {0, 0, 2}, hit.getPoint().array, 1e-4f);
+      pick.dispose();
+      assertThrows(IllegalStateException.class, hit::getPoint);
+    }
+
+    @Test
+    void aTraversalMethodCalledWithAnIdleActionIsAJavaException() {
+      SoRayPickAction idle = new SoRayPickAction(new SbViewportRegion((short) 10, (short) 10));
+      assertThrows(IllegalStateException.class, () -> new SoSphere().rayPick(idle));
+    }
+
+    @Test
     void nullActionArgumentIsAJavaException() {
       SoGetBoundingBoxAction bbox = new SoGetBoundingBoxAction(new SbViewportRegion((short) 10, (short) 10));
       assertThrows(NullPointerException.class, () -> bbox.apply((SoNode) null));

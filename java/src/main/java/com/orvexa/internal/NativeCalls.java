@@ -51,8 +51,8 @@ public final class NativeCalls {
     }
   }
 
-  /** Ends the calls marked by {@link #beginAll}. */
-  public static void endAll(Orvex[] objects, long[] handles) {
+  /** Ends the calls marked by {@link #beginAll} on the same objects. */
+  public static void endAll(Orvex[] objects) {
     for (Orvex o : objects) end(o);
   }
 
