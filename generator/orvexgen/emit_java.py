@@ -93,6 +93,11 @@ def _public_method(plan: ClassPlan, m: Method) -> List[str]:
     out = [f"  {mods}{ret} {m.group}({_public_params(m)}) {{"]
     ctx = JavaContext(plan.package, plan.java_simple, m.array_count, "this" if m.receiver == "handle" else "")
     inner = r.java_result(lambda extra: f"{m.native_name}({_native_args(plan, m, extra)})", ctx)
+    if m.holds:
+        # Taken while the argument is marked in flight, so it cannot be freed
+        # in between; held even if the call then fails, which only keeps the
+        # object a little longer.
+        inner = [_hold(m)] + inner
     out += _guarded_body(plan, m, inner)
     out.append("  }")
     return out
@@ -117,6 +122,10 @@ def _default_overloads(plan: ClassPlan, m: Method) -> List[str]:
     return out
 
 
+def _hold(m: Method) -> str:
+    return f"com.orvexa.internal.NativeCalls.hold(this, \"{m.holds}\", {m.holds});"
+
+
 def _constructor(plan: ClassPlan, m: Method) -> List[str]:
     """A constructor; the checks and brackets of its arguments run in a static
     method, since `super(...)` must come first."""
@@ -138,6 +147,10 @@ def _constructor(plan: ClassPlan, m: Method) -> List[str]:
         out.append(f"    this(new com.orvexa.internal.RefCountedNativeResourceHandle({handle}));")
     else:
         out.append(f"    this(new NativeResourceHandle({handle}));")
+    if m.holds:
+        # Should the object be disposed meanwhile, this throws, and the new
+        # native object (which never used it) goes with its unreachable wrapper.
+        out.append("    " + _hold(m))
     out.append("  }")
     if not simple:
         out += ["", f"  private static long {m.native_name}Checked({_public_params(m)}) {{"]

@@ -58,6 +58,7 @@ class Method:
     # there is none or it has no Java form); trailing ones give overloads.
     defaults: List[Optional[str]] = field(default_factory=list)
     overloads: List[int] = field(default_factory=list)   # parameter counts of the default-argument overloads
+    holds: str = ""           # the parameter whose object the receiver keeps using after the call
 
 
 @dataclass
@@ -297,13 +298,17 @@ def _check_rules_name_members(plan: ClassPlan, crules, rules: PackageRules) -> N
     names = {m.cfunc.name for m in plan.methods}
     problems = []
     for key, what in (("java_side", crules.java_side), ("nullable", set(crules.nullable)),
-                      ("array_lengths", set(crules.array_lengths)), ("index_bounds", set(crules.index_bounds))):
+                      ("array_lengths", set(crules.array_lengths)), ("index_bounds", set(crules.index_bounds)),
+                      ("holds", set(crules.holds))):
         problems += [f"{key} names no member {s!r}" for s in sorted(what - signatures)]
     problems += [f"exclude names no member {s!r}" for s in sorted(crules.exclude - signatures - names)]
     by_sig = {m.cfunc.signature: m.cfunc for m in plan.methods}
     for sig, params in crules.nullable.items():
         known = {p.name for p in by_sig[sig].params} if sig in by_sig else set()
         problems += [f"nullable: {sig} has no parameter {p!r}" for p in params if sig in by_sig and p not in known]
+    for sig, param in crules.holds.items():
+        if sig in by_sig and param not in {p.name for p in by_sig[sig].params}:
+            problems.append(f"holds: {sig} has no parameter {param!r}")
     for sig, lengths in crules.array_lengths.items():
         known = {p.name for p in by_sig[sig].params} if sig in by_sig else set()
         problems += [f"array_lengths: {sig} has no parameter {p!r}" for p in lengths if sig in by_sig and p not in known]
@@ -401,6 +406,11 @@ def _convert(m: Method, plan: ClassPlan, ctx: TypeContext, rules: PackageRules) 
                   for i in range(len(m.args))]
     if f.is_variadic and not any(a.conv.kind == "format" for a in m.args):
         raise Unsupported("variadic member without a format string")
+    m.holds = crules.holds.get(f.signature, "")
+    if m.holds:
+        held = next((a for a in m.args if a.name == m.holds), None)
+        if held is None or held.conv.kind != "handle" or held.conv.w.kind != "owned":
+            raise PlanError(f"{plan.name}: holds: {m.holds} of {f.signature} is not an object Java owns")
     array_results = dict(rules.array_results)
     array_results.update(crules.array_results)
     if f.is_ctor:

@@ -40,6 +40,12 @@ Keys (all optional):
                      own overloads of that name (numbers owned by the Java side)
     assumed_bytes    byte size the Java class assumes (checks only; defaults to
                      the size of the C++ class)
+    holds            table: signature -> parameter. The receiver keeps using
+                     the object passed there after the call (a renderer's
+                     render action): the Java side keeps that object's
+                     native object alive, whatever its wrapper's fate, until
+                     the receiver is given another (or null) through a
+                     member holding the same parameter name, or is released
     array_results    table: member -> count. The member returns a pointer to
                      that many contiguous values: objects of a wrapped class
                      (Java gets an array of copies) or primitives (a Java
@@ -71,6 +77,7 @@ class ClassRules:
     array_results: Dict[str, str] = field(default_factory=dict)
     forward: List[str] = field(default_factory=list)
     index_bounds: Dict[str, Dict[str, str]] = field(default_factory=dict)
+    holds: Dict[str, str] = field(default_factory=dict)
 
 
 @dataclass
@@ -96,7 +103,7 @@ class PackageRules:
 _TOP = {"classes", "value", "extensible", "exclude", "operators", "read_write", "class", "java_names", "carried_by",
         "array_results", "index_bounds"}
 _CLASS = {"java_side", "exclude", "reserve", "assumed_bytes", "array_results", "nullable", "array_lengths",
-          "forward", "index_bounds"}
+          "forward", "index_bounds", "holds"}
 
 
 def load(path: str) -> PackageRules:
@@ -138,7 +145,8 @@ def load(path: str) -> PackageRules:
             reserve=dict(c.get("reserve", {})), assumed_bytes=int(c.get("assumed_bytes", 0)),
             array_results=dict(c.get("array_results", {})),
             forward=[sig(x) for x in c.get("forward", [])],
-            index_bounds={sig(k): dict(v) for k, v in c.get("index_bounds", {}).items()})
+            index_bounds={sig(k): dict(v) for k, v in c.get("index_bounds", {}).items()},
+            holds={sig(k): str(v) for k, v in c.get("holds", {}).items()})
     for v in r.value | r.extensible:
         if v not in r.classes:
             raise ValueError(f"{path}: {v} is listed but not in 'classes'")

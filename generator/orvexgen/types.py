@@ -91,11 +91,15 @@ class TypeContext:
         raise Unsupported(f"parameter type {t.spelling}")
 
     def _traversal_action(self, cls: str) -> bool:
-        """An action handed to a member of a class that is not an action (a
-        node's traversal method): it must be the action being applied."""
-        def is_action(name: str) -> bool:
-            return name == "SoAction" or "SoAction" in ancestors(self.classes, name)
-        return bool(self.owner) and is_action(cls) and not is_action(self.owner)
+        """An action handed to a member of a traversed class (a node's or an
+        engine's traversal method, a field's or element's state query): it
+        must be the action being applied. Services that merely keep an action
+        to apply later (a renderer's render action) take any action."""
+        def derives(name: str, base: str) -> bool:
+            return name == base or base in ancestors(self.classes, name)
+        traversed = any(derives(self.owner, b) for b in ("SoBase", "SoField", "SoElement", "SoDetail")) \
+            if self.owner else False
+        return traversed and derives(cls, "SoAction")
 
     def _pointer_array(self, elem: CType, length: Optional[str]) -> Conversion:
         """`const char**`: a String[]; `T**` of a handle class: a long[] of handles."""

@@ -2,17 +2,21 @@ package com.orvexa.examples;
 
 import com.orvexa.orvex.Orvex;
 import com.orvexa.orvex.SbBox3f;
+import com.orvexa.orvex.SbColor;
 import com.orvexa.orvex.SbVec3f;
 import com.orvexa.orvex.SbViewportRegion;
 import com.orvexa.orvex.SoDB;
 import com.orvexa.orvex.SoInput;
+import com.orvexa.orvex.SoOffscreenRenderer;
 import com.orvexa.orvex.SoOutput;
 import com.orvexa.orvex.SoPickedPoint;
 import com.orvexa.orvex.actions.SoGetBoundingBoxAction;
 import com.orvexa.orvex.actions.SoRayPickAction;
 import com.orvexa.orvex.actions.SoWriteAction;
+import com.orvexa.orvex.nodes.SoDirectionalLight;
 import com.orvexa.orvex.nodes.SoMaterial;
 import com.orvexa.orvex.nodes.SoNode;
+import com.orvexa.orvex.nodes.SoPerspectiveCamera;
 import com.orvexa.orvex.nodes.SoSeparator;
 import com.orvexa.orvex.nodes.SoSphere;
 import com.orvexa.orvex.nodes.SoTranslation;
@@ -21,8 +25,8 @@ import java.util.Arrays;
 /**
  * Starts the binding and shows what a user sees: the start-up of the toolkit
  * modules (traced when run with -Dorvex.native.debug=true), the toolkit
- * version, a scene built and read from Java, bounded, picked and written
- * back out, and scenes
+ * version, a scene built and read from Java, bounded, picked, written
+ * back out and rendered to a PNG file without a display, and scenes
  * loaded on a native loader thread, whose read errors arrive in Java.
  */
 public final class Demo {
@@ -115,6 +119,26 @@ public final class Demo {
         out.closeFile();
         System.out.println("  the scene was written back out to " + file
             + (out.hasWriteError() ? " (with a write error)" : ""));
+      }
+    }
+    renderToPng(root, viewport);
+  }
+
+  /** Draws the scene offscreen, seen whole by a camera with a light, and writes the picture to a PNG file. */
+  private static void renderToPng(SoNode scene, SbViewportRegion viewport) {
+    SoSeparator view = new SoSeparator();
+    SoPerspectiveCamera camera = new SoPerspectiveCamera();
+    view.addChild(camera);
+    view.addChild(new SoDirectionalLight());
+    view.addChild(scene);
+    camera.viewAll(scene, viewport);
+    String png = System.getProperty("java.io.tmpdir") + java.io.File.separator + "orvex-demo-scene.png";
+    try (SoOffscreenRenderer renderer = new SoOffscreenRenderer(viewport)) {
+      renderer.setBackgroundColor(new SbColor(0.1f, 0.1f, 0.2f));
+      if (renderer.render(view) && renderer.writeToPNG(png)) {
+        System.out.println("  the scene was rendered offscreen (640x480) to " + png);
+      } else {
+        System.out.println("  the scene could not be rendered: no OpenGL offscreen context on this machine");
       }
     }
   }

@@ -36,6 +36,14 @@ public final class NativeCalls {
   }
 
   /**
+   * Makes {@code receiver}'s native object hold {@code held}'s (see
+   * {@link NativeResourceHandle#hold}); null lets go of what {@code slot} held.
+   */
+  public static void hold(Orvex receiver, String slot, Orvex held) {
+    receiver.getNativeResourceHandle().hold(slot, held == null ? null : held.getNativeResourceHandle());
+  }
+
+  /**
    * The addresses of the objects of {@code objects} (0 for null elements),
    * each marked in flight; on failure the objects marked so far are released.
    */

@@ -1,6 +1,8 @@
 package com.orvexa.internal;
 
 import java.lang.ref.Cleaner;
+import java.util.HashMap;
+import java.util.Map;
 import java.util.concurrent.atomic.AtomicInteger;
 
 /**
@@ -19,6 +21,12 @@ import java.util.concurrent.atomic.AtomicInteger;
  * frees the native object. A call that starts after the release request
  * fails with {@link IllegalStateException} instead of reaching freed memory.
  *
+ * <h2>Held objects</h2>
+ * A native object that keeps using another after a call returns (a renderer
+ * its render action) holds that object's handle ({@link #hold}): the held
+ * object counts as in use until it is replaced in its slot or this object is
+ * freed, so disposing of it, or losing its wrapper, frees nothing meanwhile.
+ *
  * <p>Generated classes of plain owned objects declare a nested
  * {@code NativeResourceHandle} subclass whose {@link #releaseNative(long)}
  * calls the class's native {@code deleteNativeHandleImpl(long)}.
@@ -34,6 +42,8 @@ public abstract class NativeResourceHandle {
   private final NativeResourceHandle lender;
   private final AtomicInteger state = new AtomicInteger();
   private volatile Cleaner.Cleanable cleanable;
+  /** Handles held by slot name (see {@link #hold}); created on first use, guarded by {@code this}. */
+  private Map<String, NativeResourceHandle> held;
 
   protected NativeResourceHandle(long address) {
     this(address, null);
@@ -78,8 +88,35 @@ public abstract class NativeResourceHandle {
 
   /** Ends a call started by {@link #acquire()}; frees the object if its release was requested meanwhile. */
   public final void endUse() {
-    if (state.decrementAndGet() == RELEASE_REQUESTED) releaseNative(address);
+    if (state.decrementAndGet() == RELEASE_REQUESTED) free();
     if (lender != null) lender.endUse();
+  }
+
+  /**
+   * Keeps {@code other}'s native object in use, in place of the one held so
+   * far in {@code slot} (which is let go); null lets go of the slot only.
+   *
+   * @throws IllegalStateException when {@code other} has been released
+   */
+  public final void hold(String slot, NativeResourceHandle other) {
+    if (other != null) other.acquire();
+    NativeResourceHandle previous;
+    synchronized (this) {
+      if (held == null) held = new HashMap<>(2);
+      previous = other == null ? held.remove(slot) : held.put(slot, other);
+    }
+    if (previous != null) previous.endUse();
+  }
+
+  private void free() {
+    releaseNative(address);
+    Map<String, NativeResourceHandle> letGo;
+    synchronized (this) {
+      letGo = held;
+      held = null;
+    }
+    // After the native object is gone: it may have used them until then.
+    if (letGo != null) for (NativeResourceHandle h : letGo.values()) h.endUse();
   }
 
   /** Releases the native object now, or once the calls in flight end; later calls do nothing. */
@@ -112,7 +149,7 @@ public abstract class NativeResourceHandle {
       int s = state.get();
       if (s < 0) return;
       if (state.compareAndSet(s, s | RELEASE_REQUESTED)) {
-        if (s == 0 && address != 0L) releaseNative(address);
+        if (s == 0 && address != 0L) free();
         return;
       }
     }
