@@ -33,3 +33,6 @@ orvex_add_junit_test(jvm.generated.aliasing CLASSES com.orvexa.orvex.ValueAliasi
 orvex_add_junit_test(jvm.generated.misuse CLASSES com.orvexa.orvex.MisuseTest)
 orvex_add_junit_test(jvm.generated.scenegraph CLASSES com.orvexa.orvex.SceneGraphFromJavaTest)
 orvex_add_junit_test(jvm.generated.everyclass CLASSES com.orvexa.orvex.EveryWrapperClassTest)
+# Offscreen rendering needs no display server: none is offered.
+orvex_add_junit_test(jvm.generated.render CLASSES com.orvexa.orvex.RenderFromJavaTest)
+set_property(TEST jvm.generated.render PROPERTY ENVIRONMENT_MODIFICATION "DISPLAY=unset:" "WAYLAND_DISPLAY=unset:")
