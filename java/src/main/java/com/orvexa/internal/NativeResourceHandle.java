@@ -41,6 +41,11 @@ public abstract class NativeResourceHandle {
   /** The handle of the object that owns this one's native object (a node for its field), or null. */
   private final NativeResourceHandle lender;
   private final AtomicInteger state = new AtomicInteger();
+  /**
+   * Whether calls in flight are counted: not for borrowed and lent handles,
+   * whose release frees nothing (a lent object's calls count on its lender).
+   */
+  private final boolean counted = !(this instanceof Borrowed);
   private volatile Cleaner.Cleanable cleanable;
   /** Handles held by slot name (see {@link #hold}); created on first use, guarded by {@code this}. */
   private Map<String, NativeResourceHandle> held;
@@ -75,6 +80,15 @@ public abstract class NativeResourceHandle {
     // An object lent by another lives inside it: the owner must be alive, and
     // stay so for the call.
     if (lender != null) lender.acquire();
+    if (!counted) {
+      // Releasing frees nothing here, so there is nothing to count: only a
+      // released handle must refuse the call.
+      if (state.get() < 0) {
+        if (lender != null) lender.endUse();
+        throw new IllegalStateException("the native object has been released (disposed)");
+      }
+      return address;
+    }
     for (;;) {
       int s = state.get();
       if (s < 0 || s == Integer.MAX_VALUE) {
@@ -88,7 +102,7 @@ public abstract class NativeResourceHandle {
 
   /** Ends a call started by {@link #acquire()}; frees the object if its release was requested meanwhile. */
   public final void endUse() {
-    if (state.decrementAndGet() == RELEASE_REQUESTED) free();
+    if (counted && state.decrementAndGet() == RELEASE_REQUESTED) free();
     if (lender != null) lender.endUse();
   }
 

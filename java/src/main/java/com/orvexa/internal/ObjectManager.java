@@ -75,7 +75,12 @@ public final class ObjectManager {
   }
 
   private static final Object LOCK = new Object();
-  private static final Map<Long, Entry> OBJECTS = new HashMap<>();
+  /**
+   * Wrappers by native address. Changed only under LOCK; read without it by
+   * the lookups' fast path, which returns a live wrapper found there (a live
+   * wrapper keeps its native object, so the entry cannot be stale).
+   */
+  private static final Map<Long, Entry> OBJECTS = new ConcurrentHashMap<>();
   private static final ReferenceQueue<Orvex> COLLECTED = new ReferenceQueue<>();
   private static final List<Family> FAMILIES = new ArrayList<>();
   private static final Map<String, Class<? extends Orvex>> REGISTERED_CLASSES = new ConcurrentHashMap<>();
@@ -138,7 +143,7 @@ public final class ObjectManager {
     long address = object.getNativeResourceHandleInternal();
     synchronized (LOCK) {
       Entry entry = OBJECTS.get(address);
-      if (entry != null && entry.get() == object) OBJECTS.remove(address);
+      if (entry != null && entry.get() == object) OBJECTS.remove(address, entry);
     }
   }
 
@@ -173,6 +178,8 @@ public final class ObjectManager {
    */
   public static <T extends Orvex> T getLentObject(Class<T> javaClass, long address, Orvex lender, boolean exact) {
     if (address == 0L) return null;
+    T live = liveAs(javaClass, address);
+    if (live != null) return live;
     synchronized (LOCK) {
       T existing = registeredAs(javaClass, address);
       if (existing != null) return existing;
@@ -189,6 +196,11 @@ public final class ObjectManager {
   /** The live wrapper registered for {@code address} if it is a {@code javaClass}, else null. Under LOCK. */
   private static <T extends Orvex> T registeredAs(Class<T> javaClass, long address) {
     expungeCollected();
+    return liveAs(javaClass, address);
+  }
+
+  /** As {@link #registeredAs}, without the lock or the clean-up of collected entries. */
+  private static <T extends Orvex> T liveAs(Class<T> javaClass, long address) {
     Entry entry = OBJECTS.get(address);
     Orvex existing = entry == null ? null : entry.get();
     return javaClass.isInstance(existing) ? javaClass.cast(existing) : null;
@@ -210,6 +222,8 @@ public final class ObjectManager {
    */
   public static <T extends Orvex> T getManagedObjectForType(Class<T> javaClass, long address, String toolkitTypeName) {
     if (address == 0L) return null;
+    T live = liveAs(javaClass, address);
+    if (live != null) return live;
     synchronized (LOCK) {
       T existing = registeredAs(javaClass, address);
       if (existing != null) return existing;
@@ -347,7 +361,7 @@ public final class ObjectManager {
 
   private static void expungeCollected() {
     for (Entry e; (e = (Entry) COLLECTED.poll()) != null; ) {
-      if (OBJECTS.get(e.address) == e) OBJECTS.remove(e.address);
+      OBJECTS.remove(e.address, e);
     }
   }
 
