@@ -70,7 +70,7 @@ void SoGLRenderAction::beginTraversal(SoNode* node) {
   glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
 }
 
-void SoGLRenderAction::renderNode(SoAction* action, SoNode* node) { node->doAction(action); }
+void SoGLRenderAction::renderNode(SoAction* action, SoNode* node) { SoNode::GLRenderS(action, node); }
 
 void SoGLRenderAction::generatePrimitives(SoShape* shape, SoAction* action) { shape->generatePrimitives(action); }
 

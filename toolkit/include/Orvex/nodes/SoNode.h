@@ -5,6 +5,7 @@ class SoAction;
 class SoCallbackAction;
 class SoChildList;
 class SoGetBoundingBoxAction;
+class SoGLRenderAction;
 class SoGetMatrixAction;
 class SoGetPrimitiveCountAction;
 class SoHandleEventAction;
@@ -86,6 +87,16 @@ class SoNode : public SoFieldContainer {
   static void pickS(SoAction* action, SoNode* node);
   static void rayPickS(SoAction* action, SoNode* node);
   static void getPrimitiveCountS(SoAction* action, SoNode* node);
+  // Drawing with OpenGL (the render action lives in the orvexgl library).
+  // GLRender defaults to doAction; the path forms are called instead of it
+  // while a path is rendered, for a node below the path's tail, on the path
+  // or off it, and default to GLRender. GLRenderS picks the form that the
+  // action's current path code calls for.
+  virtual void GLRender(SoGLRenderAction* action);
+  virtual void GLRenderBelowPath(SoGLRenderAction* action);
+  virtual void GLRenderInPath(SoGLRenderAction* action);
+  virtual void GLRenderOffPath(SoGLRenderAction* action);
+  static void GLRenderS(SoAction* action, SoNode* node);
   // Called when the node starts and stops grabbing the events of a
   // handle-event action.
   virtual void grabEventsSetup();

@@ -3,6 +3,7 @@
 #include <Orvex/SoNodeList.h>
 #include <Orvex/SoPath.h>
 #include <Orvex/SoOutput.h>
+#include <Orvex/actions/SoGLRenderAction.h>
 #include <Orvex/actions/SoSearchAction.h>
 #include <Orvex/actions/SoWriteAction.h>
 #include <Orvex/fields/SoFieldData.h>
@@ -96,6 +97,23 @@ void SoNode::write(SoWriteAction* action) {
   else if (out->isBinary())
     out->write(0);
   writeFooter(out);
+}
+
+// Only the class's declaration is used here: the render action's code is
+// in orvexgl, which this library does not link.
+void SoNode::GLRender(SoGLRenderAction* action) { doAction(action); }
+void SoNode::GLRenderBelowPath(SoGLRenderAction* action) { GLRender(action); }
+void SoNode::GLRenderInPath(SoGLRenderAction* action) { GLRender(action); }
+void SoNode::GLRenderOffPath(SoGLRenderAction* action) { GLRender(action); }
+
+void SoNode::GLRenderS(SoAction* action, SoNode* node) {
+  auto* render = static_cast<SoGLRenderAction*>(action);
+  switch (action->getCurPathCode()) {
+    case SoAction::NO_PATH: node->GLRender(render); break;
+    case SoAction::BELOW_PATH: node->GLRenderBelowPath(render); break;
+    case SoAction::IN_PATH: node->GLRenderInPath(render); break;
+    case SoAction::OFF_PATH: node->GLRenderOffPath(render); break;
+  }
 }
 
 void SoNode::doActionS(SoAction* action, SoNode* node) { node->doAction(action); }
