@@ -33,3 +33,4 @@ orvex_add_junit_test(jvm.generated.aliasing CLASSES com.orvexa.orvex.ValueAliasi
 orvex_add_junit_test(jvm.generated.misuse CLASSES com.orvexa.orvex.MisuseTest)
 orvex_add_junit_test(jvm.generated.scenegraph CLASSES com.orvexa.orvex.SceneGraphFromJavaTest)
 orvex_add_junit_test(jvm.generated.everyclass CLASSES com.orvexa.orvex.EveryWrapperClassTest)
+orvex_add_junit_test(jvm.generated.fieldvalues CLASSES com.orvexa.orvex.FieldValuesInBulkTest)
