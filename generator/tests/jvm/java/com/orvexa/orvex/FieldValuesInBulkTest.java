@@ -12,6 +12,8 @@ import com.orvexa.orvex.fields.SoMFBool;
 import com.orvexa.orvex.fields.SoMFFloat;
 import com.orvexa.orvex.fields.SoMFInt;
 import com.orvexa.orvex.fields.SoMFVec3f;
+import com.orvexa.orvex.fields.SoSFImage;
+import com.orvexa.orvex.fields.SoSFImage3;
 import com.orvexa.orvex.fields.SoMField;
 import com.orvexa.orvex.nodes.SoCoordinate3;
 import com.orvexa.orvex.nodes.SoSeparator;
@@ -462,6 +464,116 @@ class FieldValuesInBulkTest {
           .order(ByteOrder.nativeOrder()).asIntBuffer();
       assertThrows(IllegalArgumentException.class, () -> new SoMFInt().setValuesBuffer(misaligned), "misaligned");
       assertArrayEquals(new float[] {1, 2, 3}, field.getValuesFlat(0), "misuse changed nothing");
+    }
+  }
+  @Nested
+  class Images {
+    private final byte[] rgb2x3 = {
+        1, 2, 3, 4, 5, 6,
+        7, 8, 9, 10, 11, 12,
+        (byte) 0xFF, (byte) 0x80, 0, 127, (byte) 0xFE, 13};
+
+    @Test
+    void bytePixelsRoundTripAsACopy() {
+      SoSFImage image = new SoSFImage();
+      byte[] pixels = rgb2x3.clone();
+      image.setValue(new SbVec2s((short) 2, (short) 3), 3, pixels);
+      pixels[0] = 99;  // the field took a copy
+      SbVec2i32 size = new SbVec2i32();
+      int[] nc = new int[1];
+      byte[] back = image.getValue(size, nc);
+      assertArrayEquals(new int[] {2, 3}, size.array);
+      assertEquals(3, nc[0]);
+      assertArrayEquals(rgb2x3, back);
+      assertArrayEquals(new int[] {2, 3}, image.getSize().array, "the generated getter agrees");
+      assertEquals(3, image.getNumComponents());
+      assertEquals(18L, image.getValueSize());
+      assertEquals(SoSFImage.DataTypes.UNSIGNED_BYTE, image.getDataType());
+      back[1] = 42;  // and gave one
+      assertArrayEquals(rgb2x3, image.getPixels());
+
+      ByteBuffer out = ByteBuffer.allocateDirect(20);
+      out.position(1);
+      image.getPixels(out);
+      assertEquals(19, out.position());
+      byte[] copied = new byte[18];
+      out.position(1);
+      out.get(copied);
+      assertArrayEquals(rgb2x3, copied);
+
+      image.setValue(new SbVec2s((short) 0, (short) 0), 0, new byte[0]);
+      byte[] none = image.getValue(size, nc);
+      assertNotNull(none);
+      assertEquals(0, none.length);
+    }
+
+    @Test
+    void typedPixelsFromADirectBuffer() {
+      FloatBuffer floats = ByteBuffer.allocateDirect(4 * 5).order(ByteOrder.nativeOrder()).asFloatBuffer();
+      floats.put(new float[] {9, 0.5f, -1, 2, 1e6f});
+      floats.position(1);
+      SoSFImage image = new SoSFImage();
+      image.setValue(new SbVec2i32(2, 2), 1, SoSFImage.DataTypes.FLOAT, floats);
+      assertEquals(SoSFImage.DataTypes.FLOAT, image.getDataType());
+      assertEquals(16L, image.getValueSize());
+      floats.put(1, 7f);  // copied: the field does not see it
+      FloatBuffer back = ByteBuffer.wrap(image.getPixels()).order(ByteOrder.nativeOrder()).asFloatBuffer();
+      float[] values = new float[4];
+      back.get(values);
+      assertArrayEquals(new float[] {0.5f, -1, 2, 1e6f}, values);
+    }
+
+    @Test
+    void threeDimensionalPixelsRoundTrip() {
+      SoSFImage3 image = new SoSFImage3();
+      byte[] pixels = {1, 2, 3, 4, 5, 6, 7, (byte) 200};
+      image.setValue(new SbVec3s((short) 2, (short) 2, (short) 2), 1, pixels);
+      SbVec3s size = new SbVec3s();
+      int[] nc = new int[1];
+      assertArrayEquals(pixels, image.getValue(size, nc));
+      assertArrayEquals(new short[] {2, 2, 2}, size.array);
+      assertEquals(1, nc[0]);
+    }
+
+    @Test
+    void misuseGivesJavaExceptions() {
+      SoSFImage image = new SoSFImage();
+      SbVec2s two = new SbVec2s((short) 2, (short) 2);
+      image.setValue(two, 1, new byte[] {1, 2, 3, 4});
+      assertTrue(assertThrows(NullPointerException.class, () -> image.setValue(null, 1, new byte[4])).getMessage()
+          .contains("size"));
+      assertTrue(assertThrows(NullPointerException.class, () -> image.setValue(two, 1, (byte[]) null)).getMessage()
+          .contains("pixels"));
+      assertThrows(IllegalArgumentException.class, () -> image.setValue(two, 1, new byte[3]), "too few pixels");
+      assertThrows(IllegalArgumentException.class, () -> image.setValue(two, 5, new byte[20]), "five components");
+      assertThrows(IllegalArgumentException.class, () -> image.setValue(two, -1, new byte[4]));
+      assertThrows(IllegalArgumentException.class,
+          () -> image.setValue(new SbVec2s((short) -2, (short) 2), 1, new byte[4]), "negative size");
+      SbVec2i32 big = new SbVec2i32(1 << 16, 1 << 16);
+      assertThrows(IllegalArgumentException.class, () -> image.setValue(big, 4, SoSFImage.DataTypes.FLOAT,
+          ByteBuffer.allocateDirect(64).order(ByteOrder.nativeOrder())), "a buffer far too small");
+      assertThrows(IllegalArgumentException.class, () -> image.setValue(new SbVec2i32(2, 2), 1,
+          SoSFImage.DataTypes.UNSIGNED_BYTE, ByteBuffer.allocate(4)), "not direct");
+      ByteOrder other = ByteOrder.nativeOrder() == ByteOrder.BIG_ENDIAN ? ByteOrder.LITTLE_ENDIAN : ByteOrder.BIG_ENDIAN;
+      assertThrows(IllegalArgumentException.class, () -> image.setValue(new SbVec2i32(1, 1), 1,
+          SoSFImage.DataTypes.FLOAT, ByteBuffer.allocateDirect(4).order(other).asFloatBuffer()), "foreign order");
+      assertThrows(NullPointerException.class, () -> image.setValue(new SbVec2i32(1, 1), 1, null,
+          ByteBuffer.allocateDirect(4).order(ByteOrder.nativeOrder())));
+      assertThrows(IllegalArgumentException.class, () -> image.getValue(new SbVec2i32(), new int[0]));
+      assertThrows(NullPointerException.class, () -> image.getValue(null, new int[1]));
+      assertThrows(IllegalArgumentException.class, () -> image.getPixels(ByteBuffer.allocateDirect(3)), "no room");
+      assertThrows(IllegalArgumentException.class, () -> image.getPixels(ByteBuffer.allocate(4)), "not direct");
+      assertArrayEquals(new byte[] {1, 2, 3, 4}, image.getPixels(), "misuse changed nothing");
+
+      SoSFImage3 volume = new SoSFImage3();
+      assertThrows(IllegalArgumentException.class,
+          () -> volume.setValue(new SbVec3s((short) 2, (short) 2, (short) 2), 1, new byte[7]));
+      assertThrows(IllegalArgumentException.class,
+          () -> volume.setValue(new SbVec3s((short) 2, (short) 2, (short) -1), 1, new byte[8]));
+
+      image.dispose();
+      assertThrows(IllegalStateException.class, () -> image.getPixels());
+      assertThrows(IllegalStateException.class, () -> image.setValue(two, 1, new byte[4]));
     }
   }
 }

@@ -217,7 +217,8 @@ final class MultiValues<A, B extends Buffer> {
     return bytes;
   }
 
-  private static ByteOrder orderOf(Buffer buffer) {
+  /** The byte order of a buffer of numbers. */
+  static ByteOrder orderOf(Buffer buffer) {
     if (buffer instanceof ByteBuffer) return ((ByteBuffer) buffer).order();
     if (buffer instanceof FloatBuffer) return ((FloatBuffer) buffer).order();
     if (buffer instanceof DoubleBuffer) return ((DoubleBuffer) buffer).order();
@@ -227,7 +228,8 @@ final class MultiValues<A, B extends Buffer> {
     return null;
   }
 
-  private static int elementBytes(Buffer buffer) {
+  /** Bytes per element of a buffer of numbers. */
+  static int elementBytes(Buffer buffer) {
     if (buffer instanceof ByteBuffer) return 1;
     if (buffer instanceof ShortBuffer) return 2;
     if (buffer instanceof FloatBuffer || buffer instanceof IntBuffer) return 4;
