@@ -12,6 +12,7 @@
 #include <Orvex/SbVec2i32.h>
 #include <Orvex/SbVec2s.h>
 #include <Orvex/SbVec3s.h>
+#include <Orvex/devices/SoBufferObject.h>
 #include <Orvex/fields/SoSFImage.h>
 #include <Orvex/fields/SoSFImage3.h>
 
@@ -84,6 +85,21 @@ JNIEXPORT void JNICALL Java_com_orvexa_orvex_fields_SoSFImage_getValueBufferImpl
   SbVec2i32 size;
   int nc = 0;
   std::memcpy(to, field->getValue(size, nc), bytes);
+}
+
+JNIEXPORT void JNICALL Java_com_orvexa_orvex_fields_SoSFImage_setValueImpl(JNIEnv* env, jclass, jlong handle,
+                                                                           jshortArray size, jint numComponents,
+                                                                           jint /*dataType*/, jlong bufferObject,
+                                                                           jint copyPolicy) {
+  // Pixels in a buffer object are 8-bit components: the Java side accepts no
+  // other data type, and the toolkit's setter takes none.
+  SoSFImage* field = reinterpret_cast<SoSFImage*>(handle);
+  ArrayHelper sizeArrayHelper(env);
+  const auto* sizeNativeArg = reinterpret_cast<const SbVec2s*>(sizeArrayHelper.toNativeArray(size, ArrayHelper::READ_ONLY));
+  copyingPixels(env, [&] {
+    field->setValue(SbVec2i32((*sizeNativeArg)[0], (*sizeNativeArg)[1]), numComponents,
+                    reinterpret_cast<SoBufferObject*>(bufferObject), static_cast<SoSFImage::CopyPolicies>(copyPolicy));
+  });
 }
 
 JNIEXPORT void JNICALL Java_com_orvexa_orvex_fields_SoSFImage_setValueImpl2(JNIEnv* env, jclass, jlong handle,

@@ -8,6 +8,7 @@ import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 import static org.junit.jupiter.api.Assertions.fail;
 
+import com.orvexa.orvex.devices.SoCpuBufferObject;
 import com.orvexa.orvex.fields.SoMFBool;
 import com.orvexa.orvex.fields.SoMFFloat;
 import com.orvexa.orvex.fields.SoMFInt;
@@ -521,6 +522,39 @@ class FieldValuesInBulkTest {
       float[] values = new float[4];
       back.get(values);
       assertArrayEquals(new float[] {0.5f, -1, 2, 1e6f}, values);
+    }
+
+    @Test
+    void pixelsOfABufferObjectCopiedOrUsedInPlace() {
+      SoCpuBufferObject buffer = new SoCpuBufferObject(new byte[] {1, 2, 3, 4, 5, 6, 7, 8, 9});
+      SoSFImage copied = new SoSFImage();
+      SoSFImage inPlace = new SoSFImage();
+      SbVec2s size = new SbVec2s((short) 2, (short) 2);
+      copied.setValue(size, 2, SoSFImage.DataTypes.UNSIGNED_BYTE, buffer, SoSFImage.CopyPolicies.COPY);
+      inPlace.setValue(size, 2, SoSFImage.DataTypes.UNSIGNED_BYTE, buffer, SoSFImage.CopyPolicies.NO_COPY);
+      assertArrayEquals(new byte[] {1, 2, 3, 4, 5, 6, 7, 8}, copied.getPixels());
+      assertArrayEquals(new byte[] {1, 2, 3, 4, 5, 6, 7, 8}, inPlace.getPixels());
+      buffer.write(0, new byte[] {10});
+      assertEquals(10, inPlace.getPixels()[0], "the field uses the buffer's memory");
+      assertEquals(1, copied.getPixels()[0], "the copy does not");
+      assertFalse(buffer.setSize(100), "the buffer keeps its size while the field uses it");
+      buffer.dispose();  // the field's own reference keeps the buffer
+      for (int i = 0; i < 3; i++) System.gc();
+      assertEquals(10, inPlace.getPixels()[0]);
+
+      SoCpuBufferObject small = new SoCpuBufferObject(new byte[3]);
+      assertThrows(IllegalArgumentException.class, () -> copied.setValue(size, 1, SoSFImage.DataTypes.UNSIGNED_BYTE,
+          small, SoSFImage.CopyPolicies.COPY), "too small");
+      assertThrows(IllegalArgumentException.class, () -> copied.setValue(new SbVec2s((short) 1, (short) 1), 1,
+          SoSFImage.DataTypes.FLOAT, small, SoSFImage.CopyPolicies.COPY), "not bytes");
+      assertThrows(NullPointerException.class, () -> copied.setValue(size, 1, SoSFImage.DataTypes.UNSIGNED_BYTE,
+          null, SoSFImage.CopyPolicies.COPY));
+      assertThrows(IndexOutOfBoundsException.class, () -> small.write(1, new byte[3]));
+      assertThrows(IndexOutOfBoundsException.class, () -> small.read(-1, new byte[1]));
+      small.dispose();
+      assertThrows(IllegalStateException.class, () -> copied.setValue(size, 1, SoSFImage.DataTypes.UNSIGNED_BYTE,
+          small, SoSFImage.CopyPolicies.COPY), "disposed buffer");
+      assertArrayEquals(new byte[] {1, 2, 3, 4, 5, 6, 7, 8}, copied.getPixels(), "misuse changed nothing");
     }
 
     @Test

@@ -88,6 +88,40 @@
     }
   }
 
+  /**
+   * Sets the image to {@code size} pixels of {@code numComponents} 8-bit components held by {@code buffer}
+   * (from its start; more bytes are ignored). With {@link CopyPolicies#COPY} the field copies them; with any
+   * other policy it uses the buffer's memory in place, holding a reference to the buffer, until it gets another
+   * value or its pixels are edited. Writes into such a buffer show in the field without notification: call
+   * {@code touch()} after them.
+   *
+   * @throws IllegalArgumentException for a data type other than {@code UNSIGNED_BYTE}, a negative size, a
+   *     component count outside 0..4, or a buffer with too few bytes
+   */
+  public void setValue(com.orvexa.orvex.SbVec2s size, int numComponents, DataTypes dataType,
+      com.orvexa.orvex.devices.SoBufferObject buffer, CopyPolicies copyPolicy) {
+    if (size == null) throw com.orvexa.internal.NativeCalls.nullArgument("size");
+    if (dataType == null) throw com.orvexa.internal.NativeCalls.nullArgument("dataType");
+    if (buffer == null) throw com.orvexa.internal.NativeCalls.nullArgument("buffer");
+    if (copyPolicy == null) throw com.orvexa.internal.NativeCalls.nullArgument("copyPolicy");
+    if (dataType != DataTypes.UNSIGNED_BYTE)
+      throw new IllegalArgumentException("pixels in a buffer object are UNSIGNED_BYTE components, not " + dataType);
+    long bytes = imageBytes(size.array[0], size.array[1], numComponents, 1);
+    final long self = com.orvexa.internal.NativeCalls.begin(this, "this");
+    try {
+      final long bufferHandle = com.orvexa.internal.NativeCalls.begin(buffer, "buffer");
+      try {
+        if (buffer.getSize() < bytes)
+          throw new IllegalArgumentException("buffer holds " + buffer.getSize() + " bytes, the image needs " + bytes);
+        setValueImpl(self, size.array, numComponents, dataType.getValue(), bufferHandle, copyPolicy.getValue());
+      } finally {
+        com.orvexa.internal.NativeCalls.end(buffer);
+      }
+    } finally {
+      com.orvexa.internal.NativeCalls.end(this);
+    }
+  }
+
   /** Bytes of an image, after checking its dimensions. */
   static long imageBytes(int width, int height, int numComponents, int componentBytes) {
     if (width < 0 || height < 0) throw new IllegalArgumentException("image size " + width + " x " + height + " is negative");
@@ -111,5 +145,6 @@
 
   static native byte[] getValueImpl(long nativeObject, int[] size, int[] numComponents);
   static native void getValueBufferImpl(long nativeObject, java.nio.Buffer destination, long room);
+  static native void setValueImpl(long nativeObject, short[] size, int numComponents, int dataType, long bufferObject, int copyPolicy);
   static native void setValueImpl2(long nativeObject, short[] size, int numComponents, byte[] pixels);
   static native void setValueBufferImpl(long nativeObject, int[] size, int numComponents, int dataType, java.nio.Buffer pixels);
