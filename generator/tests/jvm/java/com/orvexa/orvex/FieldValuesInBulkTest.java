@@ -19,6 +19,7 @@ import com.orvexa.orvex.fields.SoMField;
 import com.orvexa.orvex.nodes.SoCoordinate3;
 import com.orvexa.orvex.nodes.SoSeparator;
 import java.io.File;
+import java.lang.ref.WeakReference;
 import java.lang.reflect.Array;
 import java.lang.reflect.InvocationTargetException;
 import java.lang.reflect.Method;
@@ -432,6 +433,36 @@ class FieldValuesInBulkTest {
       assertEquals(30_000, flat.length);
       for (int i = 0; i < flat.length; i++)
         if (flat[i] != i) fail("value " + i + " is " + flat[i]);
+    }
+
+    @Test
+    void theFieldLetsItsBufferGoWhenItGrowsOrDies() throws Exception {
+      SoMFFloat growing = new SoMFFloat();
+      WeakReference<ByteBuffer> first = lendForgottenBuffer(growing);
+      SoMFFloat dying = new SoMFFloat();
+      WeakReference<ByteBuffer> third = lendForgottenBuffer(dying);
+      collectGarbage();
+      assertNotNull(first.get(), "used by the field: kept");
+      assertNotNull(third.get(), "used by the field: kept");
+      growing.set1Value(100, 1f);  // beyond the buffer: the values move out
+      dying.dispose();
+      for (int i = 0; i < 20 && (first.get() != null || third.get() != null); i++) collectGarbage();
+      assertEquals(null, first.get(), "let go once the field outgrew it");
+      assertEquals(null, third.get(), "let go once the field died");
+      assertEquals(4f, growing.getValues(3)[0], "the values moved with the field");
+      assertEquals(101, growing.getNum());
+    }
+
+    private WeakReference<ByteBuffer> lendForgottenBuffer(SoMFFloat field) {
+      ByteBuffer buffer = ByteBuffer.allocateDirect(16).order(ByteOrder.nativeOrder());
+      buffer.asFloatBuffer().put(new float[] {1, 2, 3, 4});
+      field.setValuesBuffer(buffer);
+      return new WeakReference<>(buffer);
+    }
+
+    private void collectGarbage() throws InterruptedException {
+      System.gc();
+      Thread.sleep(20);
     }
 
     private void fillCoordinatesFromAForgottenBuffer(SoSeparator root, int count) {
