@@ -36,3 +36,4 @@ orvex_add_junit_test(jvm.generated.everyclass CLASSES com.orvexa.orvex.EveryWrap
 # Offscreen rendering needs no display server: none is offered.
 orvex_add_junit_test(jvm.generated.render CLASSES com.orvexa.orvex.RenderFromJavaTest)
 set_property(TEST jvm.generated.render PROPERTY ENVIRONMENT_MODIFICATION "DISPLAY=unset:" "WAYLAND_DISPLAY=unset:")
+orvex_add_junit_test(jvm.generated.fieldvalues CLASSES com.orvexa.orvex.FieldValuesInBulkTest)

@@ -3,6 +3,7 @@
 // includes this header and the value I/O it needs, then expands one macro
 // per class.
 
+#include <Orvex/fields/SoMFieldLending.h>
 #include <Orvex/fields/SoSubField.h>
 #include <Orvex/misc/SoBase.h>
 
@@ -201,13 +202,17 @@ bool readBinary(SoInput* in, T* values, int num, bool& done) {
   void className::allocValues(int newNum) {                                            \
     for (int i = std::max(newNum, 0); i < num; ++i)                                    \
       orvex::fio::RefTraits<valueType>::detach(this, values[i]);                       \
+    const bool lent = m_userDataIsUsed;                                                \
     orvex::fio::allocValues(values, num, maxNum, newNum, m_userDataIsUsed,             \
                             m_userDataIsReadOnly, m_deleteValuesEnabled);              \
+    if (lent && !m_userDataIsUsed) SoMFieldLending::fieldReleased(this);               \
   }                                                                                    \
   void className::deleteAllValues() {                                                  \
     for (int i = 0; i < num; ++i) orvex::fio::RefTraits<valueType>::detach(this, values[i]); \
+    const bool lent = m_userDataIsUsed;                                                \
     orvex::fio::freeValues(values, num, maxNum, m_userDataIsUsed, m_userDataIsReadOnly, \
                            m_deleteValuesEnabled);                                     \
+    if (lent) SoMFieldLending::fieldReleased(this);                                    \
   }                                                                                    \
   void className::copyValue(int to, int from) {                                        \
     if (to == from) return;                                                            \

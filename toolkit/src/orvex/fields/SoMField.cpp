@@ -1,4 +1,5 @@
 #include <Orvex/fields/SoMField.h>
+#include <Orvex/fields/SoMFieldLending.h>
 
 #include <Orvex/errors/SoMemoryError.h>
 
@@ -9,10 +10,54 @@
 
 #include <algorithm>
 #include <cstring>
+#include <mutex>
 #include <string>
+#include <unordered_map>
 
 namespace {
 SoType s_mfieldType;
+
+struct Lender {
+  SoMFieldLending::ReleasedCB* released;
+  void* closure;
+};
+// Fields may be changed and destroyed on any thread.
+std::mutex s_lendersMutex;
+std::unordered_map<const SoMField*, Lender>& lenders() {
+  static auto* table = new std::unordered_map<const SoMField*, Lender>;  // outlives static fields
+  return *table;
+}
+}  // namespace
+
+void SoMFieldLending::add(const SoMField* field, ReleasedCB* released, void* closure) {
+  Lender earlier{nullptr, nullptr};
+  {
+    std::lock_guard<std::mutex> lock(s_lendersMutex);
+    Lender& slot = lenders()[field];
+    earlier = slot;
+    slot = Lender{released, closure};
+  }
+  // Only a lender that lent the same block twice gets here.
+  if (earlier.released) earlier.released(earlier.closure);
+}
+
+void* SoMFieldLending::lenderOf(const SoMField* field, ReleasedCB* released) {
+  std::lock_guard<std::mutex> lock(s_lendersMutex);
+  auto it = lenders().find(field);
+  return it != lenders().end() && it->second.released == released ? it->second.closure : nullptr;
+}
+
+void SoMFieldLending::fieldReleased(const SoMField* field) {
+  Lender lender{nullptr, nullptr};
+  {
+    std::lock_guard<std::mutex> lock(s_lendersMutex);
+    auto it = lenders().find(field);
+    if (it == lenders().end()) return;
+    lender = it->second;
+    lenders().erase(it);
+  }
+  // Outside the lock: the lender may take locks of its own.
+  lender.released(lender.closure);
 }
 
 SoMField::SoMField() = default;

@@ -13,6 +13,7 @@
 #include <Orvex/fields/SoMFNode.h>
 #include <Orvex/fields/SoMFString.h>
 #include <Orvex/fields/SoMFVec3f.h>
+#include <Orvex/fields/SoMFieldLending.h>
 #include <Orvex/fields/SoSFBitMask.h>
 #include <Orvex/fields/SoSFBool.h>
 #include <Orvex/fields/SoSFColor.h>
@@ -182,6 +183,73 @@ TEST_F(FieldsTest, ValuesPointerUsesTheCallersMemory) {
   ro.set1Value(0, 70);  // a read-only block is copied before a change
   EXPECT_EQ(constant[0], 7.0f);
   EXPECT_EQ(ro[0], 70.0f);
+}
+
+// Counts how often a lender was told that its block is no longer used.
+struct LentBlock {
+  int releases = 0;
+  static void released(void* closure) { ++static_cast<LentBlock*>(closure)->releases; }
+};
+
+TEST_F(FieldsTest, LenderIsToldOnceWhenTheFieldLeavesItsMemory) {
+  float block[4] = {1, 2, 3, 4};
+  LentBlock lender;
+  {
+    SoMFFloat m;
+    SoMFieldLending::lend(m, 4, block, &LentBlock::released, &lender);
+    EXPECT_EQ(m.getValues(0), block);
+    EXPECT_EQ(SoMFieldLending::lenderOf(&m, &LentBlock::released), &lender);
+    m.set1Value(3, 40);  // within the block: still used
+    EXPECT_EQ(block[3], 40.0f);
+    m.setNum(2);  // shrinking keeps using it
+    EXPECT_EQ(lender.releases, 0);
+    EXPECT_EQ(m.getValues(0), block);
+    m.setNum(5);  // growing beyond it moves the values out
+    EXPECT_EQ(lender.releases, 1);
+    EXPECT_NE(m.getValues(0), block);
+    EXPECT_EQ(SoMFieldLending::lenderOf(&m, &LentBlock::released), nullptr);
+    EXPECT_EQ(m[1], 2.0f);
+  }
+  EXPECT_EQ(lender.releases, 1);  // the field's death tells nobody twice
+
+  LentBlock dying;
+  {
+    SoMFFloat m;
+    SoMFieldLending::lend(m, 4, block, &LentBlock::released, &dying);
+    EXPECT_EQ(dying.releases, 0);
+  }
+  EXPECT_EQ(dying.releases, 1);
+
+  LentBlock first, second;
+  float other[2] = {5, 6};
+  SoMFFloat m;
+  SoMFieldLending::lend(m, 4, block, &LentBlock::released, &first);
+  SoMFieldLending::lend(m, 2, other, &LentBlock::released, &second);
+  EXPECT_EQ(first.releases, 1);  // replaced
+  EXPECT_EQ(second.releases, 0);
+  EXPECT_EQ(m[1], 6.0f);
+  SoMFieldLending::lend(m, 0, other, &LentBlock::released, &first);  // nothing taken: told at once
+  EXPECT_EQ(second.releases, 1);
+  EXPECT_EQ(first.releases, 2);
+  EXPECT_EQ(m.getNum(), 0);
+}
+
+TEST_F(FieldsTest, LenderOfReadOnlyMemoryIsToldWhenAValueChanges) {
+  const SbVec3f block[2] = {SbVec3f(1, 2, 3), SbVec3f(4, 5, 6)};
+  LentBlock lender;
+  SoMFVec3f m;
+  SoMFieldLending::lend(m, 2, block, &LentBlock::released, &lender);
+  EXPECT_EQ(lender.releases, 0);
+  m.set1Value(0, SbVec3f(7, 8, 9));  // copied before the change
+  EXPECT_EQ(lender.releases, 1);
+  EXPECT_EQ(block[0], SbVec3f(1, 2, 3));
+  EXPECT_EQ(m[0], SbVec3f(7, 8, 9));
+  // A plain setValuesPointer has no lender to tell.
+  float plain[2] = {1, 2};
+  SoMFFloat unlent;
+  unlent.setValuesPointer(2, plain);
+  unlent.setNum(3);
+  EXPECT_EQ(SoMFieldLending::lenderOf(&unlent, &LentBlock::released), nullptr);
 }
 
 TEST_F(FieldsTest, ReadOnlyValuesPointerIsNeverWrittenThrough) {

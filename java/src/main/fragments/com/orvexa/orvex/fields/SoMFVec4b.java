@@ -1,0 +1,70 @@
+  // ---- values in bulk: byte[] arrays and ByteBuffers, 4 numbers per value (see MultiValues) ----
+  private static final MultiValues<byte[], java.nio.ByteBuffer> BULK = new MultiValues<>(4, byte[].class,
+      java.nio.ByteBuffer.class, SoMFVec4b::setValuesImpl, SoMFVec4b::getValuesFlatImpl, SoMFVec4b::startEditingImpl,
+      SoMFVec4b::getDirectValuesImpl, SoMFVec4b::setValuesBufferImpl);
+
+  /**
+   * Sets {@code num} values from index {@code start} on (4 numbers each), growing the field as needed.
+   *
+   * @throws IndexOutOfBoundsException when {@code start} is negative
+   * @throws IllegalArgumentException when {@code num} is negative or {@code newValues} is too short
+   */
+  public void setValues(int start, int num, byte[] newValues) {
+    BULK.set(this, start, num, newValues, "newValues");
+  }
+
+  /**
+   * Sets the values from index {@code start} on to those of {@code flat}, 4 numbers per vector.
+   *
+   * @throws IllegalArgumentException when the length of {@code flat} is not a multiple of 4
+   */
+  public void setValues(int start, byte[] flat) {
+    BULK.setFlat(this, start, flat, "flat");
+  }
+
+  /** Sets the values from index {@code start} on to copies of {@code values}. */
+  public void setValues(int start, com.orvexa.orvex.SbVec4b[] values) {
+    BULK.setValues(this, start, values, v -> v.array, "values");
+  }
+
+  /** The numbers of the values from index {@code start} to the end, 4 numbers per value; empty for {@code getNum()}. */
+  public byte[] getValuesFlat(int start) {
+    return BULK.getFlat(this, start);
+  }
+
+  /**
+   * The field's values as a ByteBuffer to change in place; {@link #finishEditing()} then tells of the
+   * changes. The buffer is memory Java owns that the field uses as its storage: it shows the field's
+   * values until the field needs more room (or gets other memory); ask again after such a change.
+   */
+  public java.nio.ByteBuffer startEditing() {
+    return BULK.startEditing(this);
+  }
+
+  /** The values from index {@code start} on as a ByteBuffer over the field's storage, as {@link #startEditing()}. */
+  public java.nio.ByteBuffer getDirectValues(int start) {
+    return BULK.getDirectValues(this, start);
+  }
+
+  /**
+   * Makes the field hold {@code num} values stored in place in {@code buffer}, from its position on: writes
+   * into the buffer show in the field and the field's changes land in the buffer, until the field needs
+   * more room. The buffer must be direct, in the platform's byte order, a ByteBuffer;
+   * it stays reachable while the field uses it. A read-only buffer is copied before the first change.
+   *
+   * @throws IllegalArgumentException for another buffer, or one too small for {@code num} values
+   */
+  public void setValuesBuffer(int num, java.nio.Buffer buffer) {
+    BULK.setValuesBuffer(this, num, buffer);
+  }
+
+  /** As {@link #setValuesBuffer(int, java.nio.Buffer)} with as many values as the buffer has room for. */
+  public void setValuesBuffer(java.nio.Buffer buffer) {
+    BULK.setValuesBuffer(this, buffer);
+  }
+
+  static native void setValuesImpl(long nativeObject, int start, int num, byte[] values);
+  static native byte[] getValuesFlatImpl(long nativeObject, int start);
+  static native java.nio.Buffer startEditingImpl(long nativeObject);
+  static native java.nio.Buffer getDirectValuesImpl(long nativeObject);
+  static native void setValuesBufferImpl(long nativeObject, int num, java.nio.Buffer buffer, boolean readOnly);
