@@ -1,6 +1,10 @@
 #include "CallbackKinds.h"
 
+#include <Orvex/SoPath.h>
+#include <Orvex/SoPickedPoint.h>
 #include <Orvex/SoPrimitiveVertex.h>
+#include <Orvex/errors/SoDebugError.h>
+#include <Orvex/nodes/SoSelection.h>
 #include <Orvex/actions/SoAction.h>
 #include <Orvex/nodes/SoEventCallback.h>
 #include <Orvex/nodes/SoNode.h>
@@ -183,4 +187,77 @@ void SoSensorManagerCallback::invoke() const {
   CallbackUpcall upcall(this, "invoke", "()V");
   if (!upcall.ready()) return;
   upcall.call([](JNIEnv* e, jobject target, jmethodID method) { e->CallVoidMethod(target, method); });
+}
+
+// ---- SoSelectionPathCB, SoSelectionClassCB, SoSelectionPickCB ---------------------
+
+void SoSelectionPathCallback::RealCallback(void* data, SoPath* path) {
+  PRINTDBG("DEBUG: NTV MTHD->SoSelectionPathCallback::RealCallback\n");
+  self<SoSelectionPathCallback>(data)->invoke(path);
+}
+
+void SoSelectionPathCallback::invoke(SoPath* path) const {
+  PRINTDBG("DEBUG: NTV MTHD->SoSelectionPathCallback::invoke\n");
+  CallbackUpcall upcall(this, "invoke", "(Lcom/orvexa/orvex/SoPath;)V");
+  if (!upcall.ready()) return;
+  JNIEnv* env = upcall.env();
+  const LocalRef jpath(env, upcall.argument([&] { return baseObject(env, path); }));
+  if (!upcall.argumentsMade()) return;
+  upcall.call([&](JNIEnv* e, jobject target, jmethodID method) { e->CallVoidMethod(target, method, jpath.get()); });
+}
+
+void SoSelectionClassCallback::RealCallback(void* data, SoSelection* selection) {
+  PRINTDBG("DEBUG: NTV MTHD->SoSelectionClassCallback::RealCallback\n");
+  self<SoSelectionClassCallback>(data)->invoke(selection);
+}
+
+void SoSelectionClassCallback::invoke(SoSelection* selection) const {
+  PRINTDBG("DEBUG: NTV MTHD->SoSelectionClassCallback::invoke\n");
+  CallbackUpcall upcall(this, "invoke", "(Lcom/orvexa/orvex/nodes/SoSelection;)V");
+  if (!upcall.ready()) return;
+  JNIEnv* env = upcall.env();
+  const LocalRef jselection(env, upcall.argument([&] { return baseObject(env, selection); }));
+  if (!upcall.argumentsMade()) return;
+  upcall.call(
+      [&](JNIEnv* e, jobject target, jmethodID method) { e->CallVoidMethod(target, method, jselection.get()); });
+}
+
+SoPath* SoSelectionPickCallback::RealCallback(void* data, const SoPickedPoint* pick) {
+  PRINTDBG("DEBUG: NTV MTHD->SoSelectionPickCallback::RealCallback\n");
+  return self<SoSelectionPickCallback>(data)->invoke(pick);
+}
+
+// The path Java answers, by its native handle; null when Java answers null
+// or cannot be asked (the selection then uses no path).
+SoPath* SoSelectionPickCallback::invoke(const SoPickedPoint* pick) const {
+  PRINTDBG("DEBUG: NTV MTHD->SoSelectionPickCallback::invoke\n");
+  CallbackUpcall upcall(this, "invoke", "(Lcom/orvexa/orvex/SoPickedPoint;)Lcom/orvexa/orvex/SoPath;");
+  if (!upcall.ready()) return nullptr;
+  JNIEnv* env = upcall.env();
+  const LocalRef jpick(env, upcall.argument([&] {
+    return makeManagedJavaObject(env, "com/orvexa/orvex/SoPickedPoint", reinterpret_cast<jlong>(pick), false, true);
+  }));
+  if (!upcall.argumentsMade()) return nullptr;
+  jobject answer = nullptr;
+  if (!upcall.call([&](JNIEnv* e, jobject target, jmethodID method) {
+        answer = e->CallObjectMethod(target, method, jpick.get());
+      })) {
+    return nullptr;
+  }
+  const LocalRef jpath(env, answer);
+  if (jpath.get() == nullptr) return nullptr;
+  const ScopedLocalRef<jclass> pathClass(env, env->FindClass("com/orvexa/orvex/SoPath"));
+  if (!pathClass) {
+    JNIEnvHelper::settleUpcall(env);
+    SoDebugError::post("SoSelectionPickCallback::invoke", "The class com/orvexa/orvex/SoPath cannot be found.");
+    return nullptr;
+  }
+  const jmethodID handleOf = env->GetMethodID(pathClass.get(), "getNativeResourceHandleInternal", "()J");
+  if (handleOf == nullptr) {
+    JNIEnvHelper::settleUpcall(env);
+    return nullptr;
+  }
+  const jlong handle = env->CallLongMethod(jpath.get(), handleOf);
+  if (JNIEnvHelper::settleUpcall(env)) return nullptr;
+  return reinterpret_cast<SoPath*>(handle);
 }

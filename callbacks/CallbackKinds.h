@@ -12,7 +12,10 @@
 class SoAction;
 class SoEventCallback;
 class SoNode;
+class SoPath;
+class SoPickedPoint;
 class SoPrimitiveVertex;
+class SoSelection;
 
 class ORVEXJAVA_API SoCallbackActionCallback : public JCallback {
  public:
@@ -64,4 +67,25 @@ class ORVEXJAVA_API SoSensorManagerCallback : public JCallback {
   using JCallback::JCallback;
   static void RealCallback(void* data);
   void invoke() const;
+};
+
+class ORVEXJAVA_API SoSelectionPathCallback : public JCallback {
+ public:
+  using JCallback::JCallback;
+  static void RealCallback(void* data, SoPath* path);
+  void invoke(SoPath* path) const;
+};
+
+class ORVEXJAVA_API SoSelectionClassCallback : public JCallback {
+ public:
+  using JCallback::JCallback;
+  static void RealCallback(void* data, SoSelection* selection);
+  void invoke(SoSelection* selection) const;
+};
+
+class ORVEXJAVA_API SoSelectionPickCallback : public JCallback {
+ public:
+  using JCallback::JCallback;
+  static SoPath* RealCallback(void* data, const SoPickedPoint* pick);
+  SoPath* invoke(const SoPickedPoint* pick) const;
 };

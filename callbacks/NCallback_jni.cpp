@@ -36,6 +36,9 @@ ORVEX_CALLBACK_CONSTRUCTOR(SoPointCB, SoPointCallback)
 ORVEX_CALLBACK_CONSTRUCTOR(SoEventCallbackCB, SoEventCallbackCallback)
 ORVEX_CALLBACK_CONSTRUCTOR(SoCallbackCB, SoCallbackCallback)
 ORVEX_CALLBACK_CONSTRUCTOR(SoSensorManagerCB, SoSensorManagerCallback)
+ORVEX_CALLBACK_CONSTRUCTOR(SoSelectionPathCB, SoSelectionPathCallback)
+ORVEX_CALLBACK_CONSTRUCTOR(SoSelectionClassCB, SoSelectionClassCallback)
+ORVEX_CALLBACK_CONSTRUCTOR(SoSelectionPickCB, SoSelectionPickCallback)
 
 // Deletes the native object of `self` (nothing when its address is 0). The
 // field is left as it is: the caller makes sure it is called once.
