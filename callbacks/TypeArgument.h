@@ -3,6 +3,8 @@
 
 #include <jni.h>
 
+#include <string>
+
 #include <Orvex/SbName.h>
 #include <Orvex/SoType.h>
 
@@ -18,7 +20,8 @@ inline SoType typeNamed(JNIEnv* env, jstring name) {
   const char* text = nameStrHelper.toUTFString();
   const SoType type = text == nullptr ? SoType::badType() : SoType::fromName(SbName(text));
   if (type.isBad() && !env->ExceptionCheck()) {
-    ExceptionHelper::throwIllegalArgException(env, "not a toolkit type name");
+    const std::string message = std::string("\"") + (text == nullptr ? "" : text) + "\" is not a toolkit type name";
+    ExceptionHelper::throwIllegalArgException(env, message.c_str());
   }
   return type;
 }

@@ -29,6 +29,16 @@ public final class NativeCallbackHoldings {
     return new NativeCallbackHoldings(address);
   }
 
+  /**
+   * New holdings that are never released, for a wrapper that does not own
+   * its toolkit object (the toolkit may go on calling the callbacks after
+   * the wrapper has gone): the callbacks stay held for the life of the
+   * process unless they are removed.
+   */
+  public static NativeCallbackHoldings createUnowned() {
+    return new NativeCallbackHoldings(createImpl());
+  }
+
   /** The native holdings, for the registration entry points of the owner's class. */
   public long address() {
     return address;

@@ -10,7 +10,12 @@ import com.orvexa.orvex.misc.callbacks.SoTriangleCB;
   private NativeCallbackHoldings callbackHoldings;
 
   private synchronized long callbackHoldings() {
-    if (callbackHoldings == null) callbackHoldings = NativeCallbackHoldings.createFor(this);
+    if (callbackHoldings == null) {
+      // Only a wrapper that owns its action knows when the action is gone;
+      // one that wraps an action lent by native code keeps its callbacks.
+      callbackHoldings = getNativeResourceHandle() instanceof NativeResourceHandle
+          ? NativeCallbackHoldings.createFor(this) : NativeCallbackHoldings.createUnowned();
+    }
     return callbackHoldings.address();
   }
 
