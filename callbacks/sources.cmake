@@ -14,3 +14,8 @@ target_sources(orvexjava PRIVATE
 )
 # Sibling libraries include JCallback.h by file name.
 target_include_directories(orvexjava PUBLIC ${CMAKE_CURRENT_LIST_DIR})
+
+# The hold accounting, against a scripted virtual machine.
+orvex_add_gtest(orvexjava_callback_tests
+  SOURCES ${CMAKE_CURRENT_LIST_DIR}/tests/CallbackHoldings_test.cpp
+  LIBS orvexjava orvex)
