@@ -27,6 +27,7 @@ jobject callbackActionObject(JNIEnv* env, SoCallbackAction* action) {
 // Any action; a toolkit action class that has no Java class of its own
 // comes as an SoAction.
 jobject actionObject(JNIEnv* env, SoAction* action) {
+  if (action == nullptr) return nullptr;
   jobject wrapper = MakeJavaObj(env, "com/orvexa/orvex/actions/SoAction", action, false, true);
   if (wrapper == nullptr && !env->ExceptionCheck()) {
     wrapper = makeManagedJavaObject(env, "com/orvexa/orvex/actions/SoAction", reinterpret_cast<jlong>(action),
