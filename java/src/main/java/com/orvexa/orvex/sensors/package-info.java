@@ -27,5 +27,10 @@
  * A Java sensor owns its toolkit sensor: it fires only while the program
  * keeps a reference to it. Disposing it (or its collection) deletes the
  * toolkit sensor, which unschedules and detaches it; it never fires after.
+ * The toolkit does not guard the deletion of a sensor against another thread
+ * firing that very sensor at the same moment: a sensor that may be firing is
+ * disposed from its own task or from the thread that processes its queue
+ * (for the database's queues, with the RealTimeManager stopped, or from a
+ * task run by it).
  */
 package com.orvexa.orvex.sensors;
