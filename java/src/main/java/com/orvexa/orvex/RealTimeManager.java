@@ -56,6 +56,12 @@ public final class RealTimeManager {
     }
   }
 
+  /** True on the thread that processes the queues. */
+  public static boolean isCurrentThread() {
+    Thread t = thread;
+    return t != null && t == Thread.currentThread();
+  }
+
   public static boolean isRunning() {
     return thread != null;
   }

@@ -14,7 +14,9 @@ import com.orvexa.internal.ObjectManager;
    * thread for timer and delay sensors of the database's queues, or the
    * thread that made the change, for a data sensor of priority 0. An
    * exception the task throws reaches the Java code that made the queue be
-   * processed (printed by the RealTimeManager thread).
+   * processed, and no other sensor reaches Java before it has; on the
+   * RealTimeManager thread it goes to the thread's uncaught-exception
+   * handler instead, and the pass goes on with the next sensor.
    *
    * <p>The sensor fires only while the program keeps a reference to it: a
    * collected (or disposed) sensor's toolkit sensor is deleted, which
@@ -45,7 +47,19 @@ import com.orvexa.internal.ObjectManager;
     com.orvexa.orvex.Orvex wrapper = ObjectManager.lookup(address);
     if (!(wrapper instanceof SoSensor)) return;  // collected meanwhile: its sensor is being deleted
     Runnable t = ((SoSensor) wrapper).task;
-    if (t != null) t.run();
+    if (t == null) return;
+    if (!com.orvexa.orvex.RealTimeManager.isCurrentThread()) {
+      t.run();
+      return;
+    }
+    // The queue thread has no caller to hand the exception to, and a pending
+    // exception would keep every later sensor of the pass from Java.
+    try {
+      t.run();
+    } catch (RuntimeException | Error e) {
+      Thread self = Thread.currentThread();
+      self.getUncaughtExceptionHandler().uncaughtException(self, e);
+    }
   }
 
   /** Makes the toolkit sensor at {@code sensor} call notifySensor when it fires. */

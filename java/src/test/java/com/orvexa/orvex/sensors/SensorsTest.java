@@ -357,6 +357,29 @@ class SensorsTest {
   }
 
   @Test
+  void aFailingTaskOnTheRealTimeManagerThreadDoesNotKeepTheNextSensorsFromFiring() throws InterruptedException {
+    CountDownLatch later = new CountDownLatch(1);
+    List<Throwable> reported = new java.util.concurrent.CopyOnWriteArrayList<>();
+    try (SoOneShotSensor failing = new SoOneShotSensor(() -> {
+      Thread.currentThread().setUncaughtExceptionHandler((thread, e) -> reported.add(e));
+      throw new IllegalStateException("first task failed");
+    }); SoOneShotSensor next = new SoOneShotSensor(later::countDown)) {
+      failing.setPriority(1);
+      next.setPriority(2);
+      failing.schedule();
+      next.schedule();
+      RealTimeManager.start();
+      try {
+        assertTrue(later.await(5, TimeUnit.SECONDS), "the next sensor of the pass fired");
+      } finally {
+        RealTimeManager.stop();
+      }
+    }
+    assertEquals(1, reported.size());
+    assertEquals("first task failed", reported.get(0).getMessage());
+  }
+
+  @Test
   void theDatabaseManagerIsOneObjectAndItsTimeoutCrossesAsSbTime() {
     assertSame(manager, SoDB.getSensorManager());
     SbTime timeout = manager.getDelaySensorTimeout();
