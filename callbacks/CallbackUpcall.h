@@ -17,9 +17,9 @@ namespace orvexjava {
 
 class CallbackUpcall {
  public:
-  // Looks the method up on the class of the callback's Java object (every
-  // call: the callback object may be of any subclass). ready() tells
-  // whether Java may be called.
+  // Looks the method up on the class of the callback's Java object, anew
+  // for every call: nothing about the Java side is kept between calls.
+  // ready() tells whether Java may be called.
   CallbackUpcall(const JCallback* callback, const char* method, const char* signature)
       : m_env(JNIEnvHelper::getEnv()) {
     if (m_env == nullptr || !JNIEnvHelper::readyForUpcall(m_env)) return;
