@@ -68,3 +68,11 @@ orvex_add_junit_test(jvm.runtime.errors.upcalls CLASSES com.orvexa.tests.ErrorUp
 orvex_add_junit_test(jvm.runtime.objects CLASSES com.orvexa.tests.ObjectIdentityTest)
 orvex_add_junit_test(jvm.runtime.startup CLASSES com.orvexa.tests.StartupTest)
 orvex_add_junit_test(jvm.startup.trace CLASSES com.orvexa.tests.StartupTraceTest)
+
+# Callback objects and sensors. The probe natives join the test support library.
+target_sources(orvexjava_testsupport PRIVATE ${PROJECT_SOURCE_DIR}/callbacks/tests/CallbackProbes_jni.cpp)
+orvex_add_junit_test(jvm.callbacks
+  CLASSES com.orvexa.orvex.misc.callbacks.CallbacksTest com.orvexa.orvex.misc.callbacks.SelectionCallbacksTest
+          com.orvexa.orvex.misc.callbacks.EventCallbacksTest)
+orvex_add_junit_test(jvm.callbacks.threads CLASSES com.orvexa.orvex.misc.callbacks.CallbackThreadsTest)
+orvex_add_junit_test(jvm.sensors CLASSES com.orvexa.orvex.sensors.SensorsTest)

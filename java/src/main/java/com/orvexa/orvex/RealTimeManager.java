@@ -1,10 +1,13 @@
 package com.orvexa.orvex;
 
 /**
- * Drives the toolkit's timer queue from a daemon thread: the toolkit's own
+ * Drives the toolkit's sensor queues from a daemon thread: the toolkit's own
  * real-time sensor is switched off at start-up, so timer sensors (and the
  * "realTime" global field's users) fire only when this thread processes the
- * queue. Started by {@link Orvex} at start-up.
+ * timer queue. Each pass then processes the database's delay queue as an
+ * idle moment, so data, one-shot and idle sensors fire without the Java
+ * program pumping anything, on this thread. Started by {@link Orvex} at
+ * start-up; a program that processes the queues itself stops it.
  */
 public final class RealTimeManager {
   /** Default period between two passes over the timer queue. */
@@ -53,6 +56,12 @@ public final class RealTimeManager {
     }
   }
 
+  /** True on the thread that processes the queues. */
+  public static boolean isCurrentThread() {
+    Thread t = thread;
+    return t != null && t == Thread.currentThread();
+  }
+
   public static boolean isRunning() {
     return thread != null;
   }
@@ -70,6 +79,7 @@ public final class RealTimeManager {
     while (thread == self) {
       try {
         processTimerQueueNative();
+        processDelayQueueNative(true);
       } catch (RuntimeException | Error e) {
         // A failing sensor must not stop the clock of every other one.
         e.printStackTrace();
@@ -88,5 +98,12 @@ public final class RealTimeManager {
     }
   }
 
+  /** Processes the database's delay queue once on the calling thread ({@code isIdle}: idle sensors too). */
+  public static void processDelayQueue(boolean isIdle) {
+    processDelayQueueNative(isIdle);
+  }
+
   private static native void processTimerQueueNative();
+
+  private static native void processDelayQueueNative(boolean isIdle);
 }

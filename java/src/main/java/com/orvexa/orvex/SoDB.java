@@ -76,6 +76,17 @@ public class SoDB {
     return isValidHeaderImpl(text);
   }
 
+  /**
+   * The database's sensor manager, which the toolkit owns; its queues are
+   * processed by {@link RealTimeManager} (see package
+   * {@code com.orvexa.orvex.sensors}).
+   */
+  public static com.orvexa.orvex.sensors.SoSensorManager getSensorManager() {
+    return getNativSensorManager();
+  }
+
+  private static native com.orvexa.orvex.sensors.SoSensorManager getNativSensorManager();
+
   private static native String getVersionImpl();
 
   static native boolean readImpl(long input, long[] rootNode);

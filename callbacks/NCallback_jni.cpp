@@ -1,0 +1,71 @@
+// Entry points of package com.orvexa.orvex.misc.callbacks: the constructor
+// of each callback kind makes its native callback object, and NCallback
+// deletes it.
+
+#include <jni.h>
+
+#include <new>
+
+#include "CallbackKinds.h"
+
+namespace {
+
+// Makes the kind's native object for `javaCB` and stores its address in the
+// object's "addressCB" field (0 when the allocation failed).
+template <typename Callback>
+void construct(JNIEnv* env, jobject javaCB) {
+  Callback* callback = new (std::nothrow) Callback(javaCB, env);
+  jclass cls = env->GetObjectClass(javaCB);
+  env->SetLongField(javaCB, env->GetFieldID(cls, "addressCB", "J"), reinterpret_cast<jlong>(callback));
+  env->DeleteLocalRef(cls);
+}
+
+}  // namespace
+
+#define ORVEX_CALLBACK_CONSTRUCTOR(Kind, Callback)                                                          \
+  JNIEXPORT void JNICALL Java_com_orvexa_orvex_misc_callbacks_##Kind##_constructor(JNIEnv* env, jobject self) { \
+    construct<Callback>(env, self);                                                                          \
+  }
+
+extern "C" {
+
+ORVEX_CALLBACK_CONSTRUCTOR(SoCallbackActionCB, SoCallbackActionCallback)
+ORVEX_CALLBACK_CONSTRUCTOR(SoTriangleCB, SoTriangleCallback)
+ORVEX_CALLBACK_CONSTRUCTOR(SoLineSegmentCB, SoLineSegmentCallback)
+ORVEX_CALLBACK_CONSTRUCTOR(SoPointCB, SoPointCallback)
+ORVEX_CALLBACK_CONSTRUCTOR(SoEventCallbackCB, SoEventCallbackCallback)
+ORVEX_CALLBACK_CONSTRUCTOR(SoCallbackCB, SoCallbackCallback)
+ORVEX_CALLBACK_CONSTRUCTOR(SoSensorManagerCB, SoSensorManagerCallback)
+ORVEX_CALLBACK_CONSTRUCTOR(SoSelectionPathCB, SoSelectionPathCallback)
+ORVEX_CALLBACK_CONSTRUCTOR(SoSelectionClassCB, SoSelectionClassCallback)
+ORVEX_CALLBACK_CONSTRUCTOR(SoSelectionPickCB, SoSelectionPickCallback)
+
+// Deletes the native object of `self` (nothing when its address is 0). The
+// field is left as it is: the caller makes sure it is called once.
+JNIEXPORT void JNICALL Java_com_orvexa_orvex_misc_callbacks_NCallback_deleteNativeCallback(JNIEnv* env,
+                                                                                          jobject self) {
+  jclass cls = env->GetObjectClass(self);
+  const jlong address = env->GetLongField(self, env->GetFieldID(cls, "addressCB", "J"));
+  env->DeleteLocalRef(cls);
+  delete reinterpret_cast<JCallback*>(address);
+}
+
+// The same for a callback object that is gone: its clean-up knows only the address.
+JNIEXPORT void JNICALL Java_com_orvexa_orvex_misc_callbacks_NCallback_deleteNativeCallbackAt(JNIEnv*, jclass,
+                                                                                            jlong address) {
+  delete reinterpret_cast<JCallback*>(address);
+}
+
+JNIEXPORT jlong JNICALL Java_com_orvexa_orvex_misc_callbacks_NCallback_liveNativeCallbacks(JNIEnv*, jclass) {
+  return JCallback::getLiveCount();
+}
+
+JNIEXPORT jlong JNICALL Java_com_orvexa_orvex_misc_callbacks_NCallback_heldReferences(JNIEnv*, jclass) {
+  return JCallback::getReferenceCount();
+}
+
+JNIEXPORT jint JNICALL Java_com_orvexa_orvex_misc_callbacks_NCallback_holdCount(JNIEnv*, jclass, jlong address) {
+  return address == 0 ? 0 : reinterpret_cast<JCallback*>(address)->getHoldCount();
+}
+
+}  // extern "C"

@@ -1,0 +1,5 @@
+  /** A new sensor that runs {@code task} each time it fires (see {@link #setTask}). */
+  public SoTimerSensor(Runnable task) {
+    this();
+    setTask(task);
+  }
