@@ -94,10 +94,12 @@ def _public_method(plan: ClassPlan, m: Method) -> List[str]:
     ctx = JavaContext(plan.package, plan.java_simple, m.array_count, "this" if m.receiver == "handle" else "")
     inner = r.java_result(lambda extra: f"{m.native_name}({_native_args(plan, m, extra)})", ctx)
     if m.holds:
-        # Taken while the argument is marked in flight, so it cannot be freed
-        # in between; held even if the call then fails, which only keeps the
-        # object a little longer.
-        inner = [_hold(m)] + inner
+        # Taken while the argument is still marked in flight, so it cannot be
+        # freed in between; after the native call where nothing is returned
+        # (the previous object is let go only once the receiver no longer
+        # uses it), else before it, which at worst keeps an object a little
+        # longer should the call fail.
+        inner = inner + [_hold(m)] if r.kind == "void" else [_hold(m)] + inner
     out += _guarded_body(plan, m, inner)
     out.append("  }")
     return out

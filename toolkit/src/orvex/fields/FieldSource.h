@@ -300,9 +300,18 @@ bool readBinary(SoInput* in, T* values, int num, bool& done) {
     }                                                                                  \
     valueChanged();                                                                    \
   }                                                                                    \
+  /* Read-only before anyone is notified: an auditor changing the field in   */      \
+  /* its notification must get a copy, not write into the caller's memory.   */      \
   void className::setValuesPointer(int n, valueType const* userData) {                 \
-    setValuesPointer(n, const_cast<valueType*>(userData));                             \
-    if (m_userDataIsUsed) m_userDataIsReadOnly = true;                                 \
+    deleteAllValues();                                                                 \
+    if (n > 0 && userData) {                                                           \
+      values = const_cast<valueType*>(userData);                                       \
+      num = maxNum = n;                                                                \
+      m_userDataIsUsed = true;                                                         \
+      m_userDataIsReadOnly = true;                                                     \
+      for (int i = 0; i < num; ++i) orvex::fio::RefTraits<valueType>::attach(this, values[i]); \
+    }                                                                                  \
+    valueChanged();                                                                    \
   }
 
 // Reading and writing one value through the value I/O overloads.

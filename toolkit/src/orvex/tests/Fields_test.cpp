@@ -28,6 +28,7 @@
 #include <Orvex/fields/SoSFUInt32.h>
 #include <Orvex/fields/SoSFVec3f.h>
 #include <Orvex/nodes/SoCube.h>
+#include <Orvex/sensors/SoFieldSensor.h>
 
 #include <gtest/gtest.h>
 
@@ -183,6 +184,26 @@ TEST_F(FieldsTest, ValuesPointerUsesTheCallersMemory) {
   ro.set1Value(0, 70);  // a read-only block is copied before a change
   EXPECT_EQ(constant[0], 7.0f);
   EXPECT_EQ(ro[0], 70.0f);
+}
+
+TEST_F(FieldsTest, ReadOnlyValuesPointerIsReadOnlyForAuditorsNotifiedOfIt) {
+  // A sensor that fires during the change (priority 0) and writes into the
+  // field must get the field's own copy, not the caller's constant block.
+  const float constant[3] = {1, 2, 3};
+  SoMFFloat field;
+  SoFieldSensor writer(
+      [](void* data, SoSensor*) {
+        auto* f = static_cast<SoMFFloat*>(data);
+        if (f->getNum() == 3 && (*f)[0] == 1.0f) f->set1Value(0, 100);
+      },
+      &field);
+  writer.setPriority(0);
+  writer.attach(&field);
+  field.setValuesPointer(3, constant);
+  writer.detach();
+  EXPECT_EQ(constant[0], 1.0f);
+  EXPECT_EQ(field[0], 100.0f);
+  EXPECT_EQ(field[2], 3.0f);
 }
 
 // Counts how often a lender was told that its block is no longer used.

@@ -111,8 +111,14 @@ public abstract class NativeResourceHandle {
    * far in {@code slot} (which is let go); null lets go of the slot only.
    *
    * @throws IllegalStateException when {@code other} has been released
+   * @throws IllegalArgumentException when {@code other}'s object belongs to
+   *     the toolkit alone (handed to a callback, say), which may free it at
+   *     any time
    */
   public final void hold(String slot, NativeResourceHandle other) {
+    if (other != null && !other.counted && other.lender == null) {
+      throw new IllegalArgumentException("an object the toolkit lends only for a call cannot be kept");
+    }
     if (other != null) other.acquire();
     NativeResourceHandle previous;
     synchronized (this) {

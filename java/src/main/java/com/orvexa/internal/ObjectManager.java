@@ -67,6 +67,12 @@ public final class ObjectManager {
 
   private static final class Entry extends WeakReference<Orvex> {
     final long address;
+    /**
+     * False while the wrapper this entry was made for is still being
+     * constructed by {@link #instantiate}: the fast path must not hand out an
+     * object whose constructor (its final field members) has not finished.
+     */
+    volatile boolean published;
 
     Entry(Orvex referent, long address, ReferenceQueue<Orvex> queue) {
       super(referent, queue);
@@ -75,6 +81,8 @@ public final class ObjectManager {
   }
 
   private static final Object LOCK = new Object();
+  /** True while {@link #instantiate} runs a constructor; guarded by LOCK. */
+  private static boolean instantiating;
   /**
    * Wrappers by native address. Changed only under LOCK; read without it by
    * the lookups' fast path, which returns a live wrapper found there (a live
@@ -134,7 +142,9 @@ public final class ObjectManager {
     if (address == 0L) return;
     synchronized (LOCK) {
       expungeCollected();
-      OBJECTS.put(address, new Entry(object, address, COLLECTED));
+      Entry entry = new Entry(object, address, COLLECTED);
+      entry.published = !instantiating;
+      OBJECTS.put(address, entry);
     }
   }
 
@@ -196,13 +206,18 @@ public final class ObjectManager {
   /** The live wrapper registered for {@code address} if it is a {@code javaClass}, else null. Under LOCK. */
   private static <T extends Orvex> T registeredAs(Class<T> javaClass, long address) {
     expungeCollected();
-    return liveAs(javaClass, address);
-  }
-
-  /** As {@link #registeredAs}, without the lock or the clean-up of collected entries. */
-  private static <T extends Orvex> T liveAs(Class<T> javaClass, long address) {
     Entry entry = OBJECTS.get(address);
     Orvex existing = entry == null ? null : entry.get();
+    return javaClass.isInstance(existing) ? javaClass.cast(existing) : null;
+  }
+
+  /**
+   * As {@link #registeredAs}, without the lock or the clean-up of collected
+   * entries, and only for wrappers whose construction is complete.
+   */
+  private static <T extends Orvex> T liveAs(Class<T> javaClass, long address) {
+    Entry entry = OBJECTS.get(address);
+    Orvex existing = entry == null || !entry.published ? null : entry.get();
     return javaClass.isInstance(existing) ? javaClass.cast(existing) : null;
   }
 
@@ -312,14 +327,21 @@ public final class ObjectManager {
       handle.release();
       throw new IllegalArgumentException(cls.getName() + " has no usable (NativeResourceHandle) constructor");
     }
+    boolean outer = !instantiating;
+    instantiating = true;
     try {
-      return (Orvex) ctor.newInstance(handle);
+      Orvex made = (Orvex) ctor.newInstance(handle);
+      Entry entry = OBJECTS.get(handle.getAddress());
+      if (entry != null && entry.get() == made) entry.published = true;
+      return made;
     } catch (InvocationTargetException e) {
       handle.release();
       throw rethrow(e);
     } catch (ReflectiveOperationException e) {
       handle.release();
       throw new IllegalArgumentException(cls.getName() + " has no usable (NativeResourceHandle) constructor", e);
+    } finally {
+      if (outer) instantiating = false;
     }
   }
 
