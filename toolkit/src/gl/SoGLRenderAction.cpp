@@ -1,7 +1,12 @@
 #include <Orvex/actions/SoGLRenderAction.h>
 
+#include <Orvex/SoDB.h>
+#include <Orvex/SoPath.h>
+#include <Orvex/SoPathList.h>
 #include <Orvex/elements/SoDrawStyleElement.h>
 #include <Orvex/elements/SoGLLightIdElement.h>
+#include <Orvex/elements/SoModelMatrixElement.h>
+#include <Orvex/elements/SoViewingMatrixElement.h>
 #include <Orvex/elements/SoViewportRegionElement.h>
 #include <Orvex/nodes/SoLight.h>
 #include <Orvex/nodes/SoNode.h>
@@ -9,10 +14,14 @@
 
 #include <GL/gl.h>
 
+#include <algorithm>
+#include <cmath>
 #include <mutex>
 
 #include "actions/EnabledElements.h"
+#include "render/GLDelayedShapes.h"
 #include "render/GLLights.h"
+#include "render/GLPassAccumulator.h"
 #include "render/GLRenderCaches.h"
 #include "render/GLShapeDrawer.h"
 
@@ -34,7 +43,9 @@ void SoGLRenderAction::initClass() {
 }
 
 SoGLRenderAction::SoGLRenderAction(const SbViewportRegion& viewportRegion)
-    : m_viewport(viewportRegion), m_caches(std::make_unique<orvex::GLRenderCaches>()) {
+    : m_viewport(viewportRegion),
+      m_caches(std::make_unique<orvex::GLRenderCaches>()),
+      m_delayed(std::make_unique<orvex::GLDelayedShapes>()) {
   initClass();
   SO_ACTION_CONSTRUCTOR(SoGLRenderAction);
 }
@@ -43,6 +54,29 @@ SoGLRenderAction::~SoGLRenderAction() = default;
 
 void SoGLRenderAction::setViewportRegion(const SbViewportRegion& region) { m_viewport = region; }
 
+void SoGLRenderAction::setAbortCallback(SoGLRenderAbortCB* func, void* userData) {
+  m_abortCB = func;
+  m_abortData = userData;
+}
+
+void SoGLRenderAction::setPassCallback(SoGLRenderPassCB* func, void* userData) {
+  m_passCB = func;
+  m_passData = userData;
+}
+
+void SoGLRenderAction::setNumPasses(int num) { m_numPasses = std::max(1, num); }
+
+void SoGLRenderAction::setUpdateArea(const SbVec2f& origin, const SbVec2f& size) {
+  const auto unit = [](float v) { return std::isnan(v) ? 0.0f : std::clamp(v, 0.0f, 1.0f); };
+  m_updateOrigin.setValue(unit(origin[0]), unit(origin[1]));
+  m_updateSize.setValue(unit(size[0]), unit(size[1]));
+}
+
+void SoGLRenderAction::getUpdateArea(SbVec2f& origin, SbVec2f& size) const {
+  origin = m_updateOrigin;
+  size = m_updateSize;
+}
+
 int SoGLRenderAction::getNumActiveLights() const {
   SoState* state = getState();
   return state && isBeingApplied() ? SoGLLightIdElement::get(state) + 1 : 0;
@@ -50,18 +84,110 @@ int SoGLRenderAction::getNumActiveLights() const {
 
 void SoGLRenderAction::invalidateCaches() { m_caches->clear(); }
 
-void SoGLRenderAction::beginTraversal(SoNode* node) {
-  SoState* state = getState();
-  SoViewportRegionElement::set(state, m_viewport);
+bool SoGLRenderAction::delaysTransparentShapes() const {
+  switch (m_transparencyType) {
+    case NOTRANSPARENCY:
+    case SCREENDOOR:
+    case ADD:
+    case BLEND: return false;
+    default: return true;
+  }
+}
+
+namespace {
+bool sortsTransparentShapes(SoGLRenderAction::TransparencyType type) {
+  return type != SoGLRenderAction::DELAYEDADD && type != SoGLRenderAction::DELAYEDBLEND;
+}
+}  // namespace
+
+// ---- applying: passes and delayed shapes --------------------------------------------
+
+void SoGLRenderAction::apply(SoNode* node) {
+  if (!node) return;
+  if (isBeingApplied()) {
+    SoAction::apply(node);
+    return;
+  }
+  renderFrame([this, node] { SoAction::apply(node); });
+}
+
+void SoGLRenderAction::apply(SoPath* path) {
+  if (!path || isBeingApplied()) return;
+  renderFrame([this, path] { SoAction::apply(path); });
+}
+
+void SoGLRenderAction::sendViewport() const {
   const SbVec2s origin = m_viewport.getViewportOriginPixels();
   const SbVec2s size = m_viewport.getViewportSizePixels();
   glViewport(origin[0], origin[1], size[0], size[1]);
+  // Only the update area is touched; rounded outwards to whole pixels.
+  const int x0 = origin[0] + static_cast<int>(std::floor(m_updateOrigin[0] * size[0]));
+  const int y0 = origin[1] + static_cast<int>(std::floor(m_updateOrigin[1] * size[1]));
+  const int x1 = origin[0] + static_cast<int>(std::ceil(std::min(1.0f, m_updateOrigin[0] + m_updateSize[0]) * size[0]));
+  const int y1 = origin[1] + static_cast<int>(std::ceil(std::min(1.0f, m_updateOrigin[1] + m_updateSize[1]) * size[1]));
+  glScissor(x0, y0, std::max(0, x1 - x0), std::max(0, y1 - y0));
+  glEnable(GL_SCISSOR_TEST);
+}
+
+void SoGLRenderAction::renderFrame(const std::function<void()>& applyScene) {
+  m_aborted = false;
+  // With render caching turned off nothing is kept from frame to frame.
+  if (SoDB::getNumRenderCaches() <= 0) m_caches->clear();
+  m_caches->beginFrame();
+  const int passes = m_numPasses;
+  if (passes <= 1) {
+    renderPass(applyScene);
+  } else {
+    sendViewport();
+    GLint box[4] = {0, 0, 0, 0};
+    glGetIntegerv(GL_SCISSOR_BOX, box);
+    orvex::GLPassAccumulator accumulator(box[0], box[1], box[2], box[3]);
+    for (int pass = 0; pass < passes && !m_aborted; ++pass) {
+      m_curPass = pass;
+      if (pass > 0) {
+        if (m_passCB) {
+          m_passCB(m_passData);
+        } else {
+          sendViewport();
+          glDepthMask(GL_TRUE);
+          glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+        }
+      }
+      float dx = 0.0f, dy = 0.0f;
+      orvex::passJitter(pass, passes, dx, dy);
+      m_jitter.setValue(dx, dy);
+      renderPass(applyScene);
+      sendViewport();
+      accumulator.add();
+    }
+    accumulator.drawMean();
+  }
+  m_curPass = 0;
+  m_jitter.setValue(0.0f, 0.0f);
+  m_caches->endFrame();
+  glDisable(GL_SCISSOR_TEST);
+}
+
+void SoGLRenderAction::renderPass(const std::function<void()>& applyScene) {
+  m_delayed->clear();
+  applyScene();
+  if (!m_aborted && !m_delayed->empty()) {
+    const SoPathList delayed = m_delayed->drawingOrder(sortsTransparentShapes(m_transparencyType));
+    m_delayed->phase = orvex::GLDelayedShapes::DELAYED;
+    SoAction::apply(delayed, false);
+  }
+  m_delayed->clear();
+}
+
+void SoGLRenderAction::beginTraversal(SoNode* node) {
+  SoState* state = getState();
+  SoViewportRegionElement::set(state, m_viewport);
+  sendViewport();
   // Scaled transformations must not change the lighting.
   glEnable(GL_NORMALIZE);
   glShadeModel(GL_SMOOTH);
-  m_caches->beginTraversal();
+  m_caches->resetLights();
   traverse(node);
-  m_caches->endTraversal();
   // Leave the fixed-function state as a caller expects to find it.
   glDisable(GL_LIGHTING);
   glDisable(GL_BLEND);
@@ -70,34 +196,89 @@ void SoGLRenderAction::beginTraversal(SoNode* node) {
   glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
 }
 
-void SoGLRenderAction::renderNode(SoAction* action, SoNode* node) { node->doAction(action); }
+// ---- traversal ------------------------------------------------------------------------
+
+bool SoGLRenderAction::traversalAllowed(SoGLRenderAction* action, SoNode*) {
+  if (!action->m_abortCB) return true;
+  switch (action->m_abortCB(action->m_abortData)) {
+    case ABORT:
+      action->m_aborted = true;
+      action->setTerminated(true);
+      return false;
+    case PRUNE: return false;
+    case DELAY:
+      if (action->m_delayed->phase != orvex::GLDelayedShapes::MAIN) return true;
+      action->m_delayed->addDelayed(action->getCurPath()->copy());
+      return false;
+    default: return true;
+  }
+}
+
+void SoGLRenderAction::renderNode(SoAction* action, SoNode* node) {
+  if (traversalAllowed(static_cast<SoGLRenderAction*>(action), node)) node->doAction(action);
+}
 
 void SoGLRenderAction::generatePrimitives(SoShape* shape, SoAction* action) { shape->generatePrimitives(action); }
 
+namespace {
+std::unique_ptr<orvex::GLShapeCache> buildShapeArrays(SoAction* action, SoShape* shape,
+                                                      void (*generate)(SoShape*, SoAction*)) {
+  auto fresh = std::make_unique<orvex::GLShapeCache>(action->getState(), shape->getNodeId());
+  orvex::GLArrayCollector collector(fresh->arrays);
+  orvex::PrimitiveScope scope(orvex::PrimitiveScope::COLLECT, action, shape, &collector);
+  generate(shape, action);
+  return fresh;
+}
+
+// The depth of a point of the shape's object space in eye coordinates.
+float eyeDepth(SoState* state, const SbVec3f& point) {
+  const SbMatrix modelView = SoModelMatrixElement::get(state) * SoViewingMatrixElement::get(state);
+  SbVec3f eye;
+  modelView.multVecMatrix(point, eye);
+  return eye[2];
+}
+}  // namespace
+
 void SoGLRenderAction::renderShape(SoAction* action, SoNode* node) {
   auto* self = static_cast<SoGLRenderAction*>(action);
+  if (!traversalAllowed(self, node)) return;
   auto* shape = static_cast<SoShape*>(node);
   SoState* state = action->getState();
   if (SoDrawStyleElement::get(state) == SoDrawStyleElement::INVISIBLE) return;
+
+  std::unique_ptr<orvex::GLShapeCache> uncached;
   orvex::GLShapeCache* cache = self->m_caches->find(shape, state, shape->getNodeId());
   if (!cache) {
-    auto fresh = std::make_unique<orvex::GLShapeCache>(state, shape->getNodeId());
-    orvex::GLArrayCollector collector(fresh->arrays);
-    {
-      orvex::PrimitiveScope scope(orvex::PrimitiveScope::COLLECT, action, shape, &collector);
-      generatePrimitives(shape, action);
+    if (SoDB::getNumRenderCaches() > 0) {
+      cache = self->m_caches->store(shape, buildShapeArrays(action, shape, &generatePrimitives));
+    } else {
+      uncached = buildShapeArrays(action, shape, &generatePrimitives);
+      cache = uncached.get();
     }
-    cache = self->m_caches->store(shape, std::move(fresh));
   }
+
+  const bool delayedPhase = self->m_delayed->phase == orvex::GLDelayedShapes::DELAYED;
+  if (!delayedPhase && self->delaysTransparentShapes() && orvex::materialIsTransparent(state)) {
+    self->m_delayed->addTransparent(self->getCurPath()->copy(), eyeDepth(state, cache->arrays.boundsCenter()));
+    return;
+  }
+
   orvex::GLDrawSettings settings;
   settings.transparency = self->m_transparencyType;
   settings.lights = &self->m_caches->lights();
   settings.numLights = SoGLLightIdElement::get(state) + 1;
+  const SbVec2s size = self->m_viewport.getViewportSizePixels();
+  if (size[0] > 0 && size[1] > 0) {
+    settings.jitterX = 2.0f * self->m_jitter[0] / static_cast<float>(size[0]);
+    settings.jitterY = 2.0f * self->m_jitter[1] / static_cast<float>(size[1]);
+  }
+  settings.keepDepthForTransparent = delayedPhase && self->delaysTransparentShapes();
   orvex::drawShapeArrays(state, cache->arrays, settings);
 }
 
 void SoGLRenderAction::renderLight(SoAction* action, SoNode* node) {
   auto* self = static_cast<SoGLRenderAction*>(action);
+  if (!traversalAllowed(self, node)) return;
   SoState* state = action->getState();
   orvex::GLLightSource source;
   if (!orvex::makeLightSource(state, static_cast<SoLight*>(node), source)) return;

@@ -3,6 +3,7 @@
 // positions, normals, texture coordinates and material indices of its
 // triangles, line segments and points, ready for glDrawArrays.
 
+#include <Orvex/SbVec3f.h>
 #include <Orvex/SoPrimitiveVertex.h>
 
 #include <cstdint>
@@ -30,6 +31,9 @@ struct GLShapeArrays {
   GLVertexArray triangles;
   GLVertexArray lines;
   GLVertexArray points;
+  // The centre of the box around all the positions (object coordinates);
+  // the origin when there are none.
+  SbVec3f boundsCenter() const;
 };
 
 // Fills arrays with the primitives a shape hands over.

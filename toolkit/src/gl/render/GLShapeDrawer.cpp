@@ -127,11 +127,13 @@ bool isAdditive(SoGLRenderAction::TransparencyType type) {
 // Blending for transparent vertices. The destination alpha accumulates
 // coverage (source alpha over what was there), so that a picture read
 // with alpha shows where something was drawn.
-void sendBlending(bool transparent, SoGLRenderAction::TransparencyType type) {
+void sendBlending(bool transparent, const GLDrawSettings& settings) {
+  const SoGLRenderAction::TransparencyType type = settings.transparency;
   if (!transparent) {
     glDisable(GL_BLEND);
     return;
   }
+  if (settings.keepDepthForTransparent) glDepthMask(GL_FALSE);
   glEnable(GL_BLEND);
   if (isAdditive(type))
     glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
@@ -148,7 +150,7 @@ void drawArray(SoState* state, const GLVertexArray& array, GLenum mode, bool lit
     glDisable(GL_LIGHTING);
   std::vector<float> colors;
   const bool opaque = settings.transparency == SoGLRenderAction::NOTRANSPARENCY;
-  sendBlending(vertexColors(state, array, opaque, colors), settings.transparency);
+  sendBlending(vertexColors(state, array, opaque, colors), settings);
   glEnableClientState(GL_VERTEX_ARRAY);
   glVertexPointer(3, GL_FLOAT, 0, array.positions.data());
   glEnableClientState(GL_COLOR_ARRAY);
@@ -167,11 +169,29 @@ void drawArray(SoState* state, const GLVertexArray& array, GLenum mode, bool lit
 
 }  // namespace
 
+bool materialIsTransparent(SoState* state) {
+  const SoLazyElement* lazy = SoLazyElement::getInstance(state);
+  if (!lazy) return false;
+  const float* values = lazy->getTransparencyPointer();
+  if (!values) return false;
+  for (int32_t i = 0; i < lazy->getNumTransparencies(); ++i)
+    if (values[i] > 0.0f) return true;
+  return false;
+}
+
 void drawShapeArrays(SoState* state, const GLShapeArrays& arrays, const GLDrawSettings& settings) {
   const bool phong = SoLazyElement::getLightModel(state) == SoLazyElement::PHONG;
   if (phong && settings.lights) sendLightSources(*settings.lights, settings.numLights);
   glMatrixMode(GL_PROJECTION);
-  glLoadMatrixf(&SoProjectionMatrixElement::get(state)[0][0]);
+  SbMatrix projection = SoProjectionMatrixElement::get(state);
+  if (settings.jitterX != 0.0f || settings.jitterY != 0.0f) {
+    // Applied after the projection, in clip coordinates: the whole
+    // picture moves by the same fraction of a pixel.
+    SbMatrix shift;
+    shift.setTranslate(SbVec3f(settings.jitterX, settings.jitterY, 0.0f));
+    projection.multRight(shift);
+  }
+  glLoadMatrixf(&projection[0][0]);
   glMatrixMode(GL_MODELVIEW);
   const SbMatrix modelView = SoModelMatrixElement::get(state) * SoViewingMatrixElement::get(state);
   glLoadMatrixf(&modelView[0][0]);

@@ -17,7 +17,17 @@ struct GLDrawSettings {
   SoGLRenderAction::TransparencyType transparency = SoGLRenderAction::BLEND;
   const std::vector<GLLightSource>* lights = nullptr;
   int numLights = 0;
+  // Shift of the picture in normalised device coordinates (a pass's
+  // sub-pixel jitter).
+  float jitterX = 0.0f;
+  float jitterY = 0.0f;
+  // Transparent vertices leave the depth buffer as it is (the delayed
+  // transparent shapes).
+  bool keepDepthForTransparent = false;
 };
+
+// Whether the current material has any transparency above 0.
+bool materialIsTransparent(SoState* state);
 
 void drawShapeArrays(SoState* state, const GLShapeArrays& arrays, const GLDrawSettings& settings);
 

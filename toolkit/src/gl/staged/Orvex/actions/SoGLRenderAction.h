@@ -1,8 +1,10 @@
 #pragma once
+#include <Orvex/SbVec2f.h>
 #include <Orvex/SbViewportRegion.h>
 #include <Orvex/actions/SoSubAction.h>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 
 class SoShape;
@@ -10,6 +12,7 @@ class SoLight;
 
 namespace orvex {
 class GLRenderCaches;
+struct GLDelayedShapes;
 }
 
 // Draws a scene graph with OpenGL into the context current on the calling
@@ -41,9 +44,14 @@ class SoGLRenderAction : public SoAction {
  public:
   // How transparent materials (transparency above 0) are drawn.
   // NOTRANSPARENCY draws them opaque. BLEND mixes each with what is behind
-  // it by its opacity (1 - transparency), in traversal order; ADD adds it,
-  // weighted by its opacity. The delayed and sorted kinds currently draw as
-  // BLEND or ADD (by the end of their name); SCREENDOOR draws as BLEND.
+  // it by its opacity (1 - transparency), in traversal order, writing
+  // depth like an opaque shape; ADD adds it, weighted by its opacity.
+  // DELAYEDBLEND and DELAYEDADD draw the transparent shapes after all the
+  // opaque ones, in traversal order, without writing depth.
+  // SORTEDOBJECTBLEND and SORTEDOBJECTADD do the same in the order of the
+  // centres of the shapes' bounding boxes, farthest from the camera first.
+  // The other sorted kinds draw as the object-sorted one of their ending
+  // (BLEND or ADD); SCREENDOOR draws as BLEND.
   enum TransparencyType {
     NOTRANSPARENCY,
     SCREENDOOR,
@@ -63,6 +71,15 @@ class SoGLRenderAction : public SoAction {
     DELAYEDSORTEDPIXELSBLEND
   };
 
+  // What the abort callback answers for the node about to be traversed:
+  // go on, stop the whole rendering, skip this node (and what is under
+  // it), or draw it after the rest of the scene (with the delayed
+  // transparent shapes, before them).
+  enum AbortCode { CONTINUE, ABORT, PRUNE, DELAY };
+  typedef AbortCode SoGLRenderAbortCB(void* userData);
+  // Called before each rendering pass but the first (see setNumPasses).
+  typedef void SoGLRenderPassCB(void* userData);
+
   // An action drawing into that region of the drawable.
   explicit SoGLRenderAction(const SbViewportRegion& viewportRegion);
   ~SoGLRenderAction() override;
@@ -76,25 +93,80 @@ class SoGLRenderAction : public SoAction {
   void setTransparencyType(TransparencyType type) { m_transparencyType = type; }
   TransparencyType getTransparencyType() const { return m_transparencyType; }
 
+  // Asked before each node is traversed (getCurPathTail() is that node);
+  // null (the default) traverses everything. In the pass of delayed
+  // shapes, DELAY counts as CONTINUE.
+  void setAbortCallback(SoGLRenderAbortCB* func, void* userData);
+
+  // Renders the scene that many times (at least 1; default 1), each pass
+  // sampling the pixels at another sub-pixel position, and leaves the mean
+  // of the passes in the viewport: pass k of n is shifted by
+  // ((k + 0.5) / n - 0.5, ((k * s) mod n + 0.5) / n - 0.5) pixels, where s
+  // is the first odd number from n / 2 up that shares no divisor with n, so
+  // that
+  // columns and rows are each sampled at n evenly spaced positions. Between
+  // passes the pass callback runs if there is one; otherwise the colour and
+  // depth buffers are cleared (to the drawable's current clear values).
+  void setNumPasses(int num);
+  int getNumPasses() const { return m_numPasses; }
+  void setPassCallback(SoGLRenderPassCB* func, void* userData);
+  // The pass being drawn (0 for the first), while the action is applied.
+  int getCurPass() const { return m_curPass; }
+
+  // The part of the viewport that is drawn, as fractions of its width and
+  // height: origin (0, 0) and size (1, 1), the whole of it, by default.
+  // Values are clamped to 0..1.
+  void setUpdateArea(const SbVec2f& origin, const SbVec2f& size);
+  void getUpdateArea(SbVec2f& origin, SbVec2f& size) const;
+
+  // Whether the last application was stopped by the abort callback.
+  bool hasAborted() const { return m_aborted; }
+
+  // Draws the scene: all the passes, the delayed shapes at the end of each.
+  using SoAction::apply;
+  void apply(SoNode* node) override;
+  void apply(SoPath* path) override;
+
   // The OpenGL light sources in use for the shapes that follow: the light
   // nodes traversed so far in the current scope (at most 8).
   int getNumActiveLights() const;
 
   // Forgets the vertex arrays kept for shapes (they are rebuilt as needed).
+  // They are not kept at all while SoDB::getNumRenderCaches() is 0.
   void invalidateCaches();
 
  protected:
   void beginTraversal(SoNode* node) override;
 
  private:
-  // The traversal functions registered for the node classes.
+  // The traversal functions registered for the node classes; each asks
+  // traversalAllowed() first.
+  static bool traversalAllowed(SoGLRenderAction* action, SoNode* node);
   static void renderNode(SoAction* action, SoNode* node);
   static void renderShape(SoAction* action, SoNode* node);
   static void renderLight(SoAction* action, SoNode* node);
   // Runs the shape's primitive generation (the shape lets this class).
   static void generatePrimitives(SoShape* shape, SoAction* action);
 
+  // All the passes of one application; applyScene runs one traversal.
+  void renderFrame(const std::function<void()>& applyScene);
+  // One pass: the scene, then the shapes it delayed.
+  void renderPass(const std::function<void()>& applyScene);
+  void sendViewport() const;
+  bool delaysTransparentShapes() const;
+
   SbViewportRegion m_viewport;
   TransparencyType m_transparencyType = BLEND;
   std::unique_ptr<orvex::GLRenderCaches> m_caches;
+  std::unique_ptr<orvex::GLDelayedShapes> m_delayed;
+  SoGLRenderAbortCB* m_abortCB = nullptr;
+  void* m_abortData = nullptr;
+  SoGLRenderPassCB* m_passCB = nullptr;
+  void* m_passData = nullptr;
+  int m_numPasses = 1;
+  int m_curPass = 0;
+  SbVec2f m_jitter{0.0f, 0.0f};  // of the current pass, in pixels
+  SbVec2f m_updateOrigin{0.0f, 0.0f};
+  SbVec2f m_updateSize{1.0f, 1.0f};
+  bool m_aborted = false;
 };
