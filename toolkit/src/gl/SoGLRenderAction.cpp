@@ -116,17 +116,63 @@ void SoGLRenderAction::apply(SoPath* path) {
   renderFrame([this, path] { SoAction::apply(path); });
 }
 
+void SoGLRenderAction::setTile(int x, int y, int width, int height) {
+  m_tile[0] = x;
+  m_tile[1] = y;
+  m_tile[2] = std::max(0, width);
+  m_tile[3] = std::max(0, height);
+}
+
 void SoGLRenderAction::sendViewport() const {
   const SbVec2s origin = m_viewport.getViewportOriginPixels();
   const SbVec2s size = m_viewport.getViewportSizePixels();
-  glViewport(origin[0], origin[1], size[0], size[1]);
   // Only the update area is touched; rounded outwards to whole pixels.
-  const int x0 = origin[0] + static_cast<int>(std::floor(m_updateOrigin[0] * size[0]));
-  const int y0 = origin[1] + static_cast<int>(std::floor(m_updateOrigin[1] * size[1]));
-  const int x1 = origin[0] + static_cast<int>(std::ceil(std::min(1.0f, m_updateOrigin[0] + m_updateSize[0]) * size[0]));
-  const int y1 = origin[1] + static_cast<int>(std::ceil(std::min(1.0f, m_updateOrigin[1] + m_updateSize[1]) * size[1]));
+  int x0 = origin[0] + static_cast<int>(std::floor(m_updateOrigin[0] * size[0]));
+  int y0 = origin[1] + static_cast<int>(std::floor(m_updateOrigin[1] * size[1]));
+  int x1 = origin[0] + static_cast<int>(std::ceil(std::min(1.0f, m_updateOrigin[0] + m_updateSize[0]) * size[0]));
+  int y1 = origin[1] + static_cast<int>(std::ceil(std::min(1.0f, m_updateOrigin[1] + m_updateSize[1]) * size[1]));
+  if (m_tile[2] > 0) {
+    // The tile fills the drawable; the projection maps it there (see
+    // pictureTransform()). Window coordinates shift by the tile's corner.
+    glViewport(0, 0, m_tile[2], m_tile[3]);
+    x0 = std::max(x0, m_tile[0]) - m_tile[0];
+    y0 = std::max(y0, m_tile[1]) - m_tile[1];
+    x1 = std::min(x1, m_tile[0] + m_tile[2]) - m_tile[0];
+    y1 = std::min(y1, m_tile[1] + m_tile[3]) - m_tile[1];
+  } else {
+    glViewport(origin[0], origin[1], size[0], size[1]);
+  }
   glScissor(x0, y0, std::max(0, x1 - x0), std::max(0, y1 - y0));
   glEnable(GL_SCISSOR_TEST);
+}
+
+SbMatrix SoGLRenderAction::pictureTransform() const {
+  // Applied after the projection, in clip coordinates (row vectors:
+  // x' = s x + t w), so that it moves and scales the whole picture.
+  const SbVec2s origin = m_viewport.getViewportOriginPixels();
+  const SbVec2s size = m_viewport.getViewportSizePixels();
+  SbMatrix m = SbMatrix::identity();
+  float drawableWidth = size[0], drawableHeight = size[1];
+  if (m_tile[2] > 0 && size[0] > 0 && size[1] > 0) {
+    // The tile's edges in the viewport's normalised coordinates, a to b,
+    // go to -1 and 1.
+    const float ax = 2.0f * static_cast<float>(m_tile[0] - origin[0]) / size[0] - 1.0f;
+    const float ay = 2.0f * static_cast<float>(m_tile[1] - origin[1]) / size[1] - 1.0f;
+    const float sx = static_cast<float>(size[0]) / static_cast<float>(m_tile[2]);
+    const float sy = static_cast<float>(size[1]) / static_cast<float>(m_tile[3]);
+    m[0][0] = sx;
+    m[1][1] = sy;
+    m[3][0] = -1.0f - ax * sx;
+    m[3][1] = -1.0f - ay * sy;
+    drawableWidth = static_cast<float>(m_tile[2]);
+    drawableHeight = static_cast<float>(m_tile[3]);
+  }
+  if ((m_jitter[0] != 0.0f || m_jitter[1] != 0.0f) && drawableWidth > 0.0f && drawableHeight > 0.0f) {
+    // The pass's sub-pixel shift, in the drawable's pixels.
+    m[3][0] += 2.0f * m_jitter[0] / drawableWidth;
+    m[3][1] += 2.0f * m_jitter[1] / drawableHeight;
+  }
+  return m;
 }
 
 void SoGLRenderAction::renderFrame(const std::function<void()>& applyScene) {
@@ -267,11 +313,7 @@ void SoGLRenderAction::renderShape(SoAction* action, SoNode* node) {
   settings.transparency = self->m_transparencyType;
   settings.lights = &self->m_caches->lights();
   settings.numLights = SoGLLightIdElement::get(state) + 1;
-  const SbVec2s size = self->m_viewport.getViewportSizePixels();
-  if (size[0] > 0 && size[1] > 0) {
-    settings.jitterX = 2.0f * self->m_jitter[0] / static_cast<float>(size[0]);
-    settings.jitterY = 2.0f * self->m_jitter[1] / static_cast<float>(size[1]);
-  }
+  settings.pictureTransform = self->pictureTransform();
   settings.keepDepthForTransparent = delayedPhase && self->delaysTransparentShapes();
   orvex::drawShapeArrays(state, cache->arrays, settings);
 }

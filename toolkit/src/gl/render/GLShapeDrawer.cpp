@@ -183,14 +183,7 @@ void drawShapeArrays(SoState* state, const GLShapeArrays& arrays, const GLDrawSe
   const bool phong = SoLazyElement::getLightModel(state) == SoLazyElement::PHONG;
   if (phong && settings.lights) sendLightSources(*settings.lights, settings.numLights);
   glMatrixMode(GL_PROJECTION);
-  SbMatrix projection = SoProjectionMatrixElement::get(state);
-  if (settings.jitterX != 0.0f || settings.jitterY != 0.0f) {
-    // Applied after the projection, in clip coordinates: the whole
-    // picture moves by the same fraction of a pixel.
-    SbMatrix shift;
-    shift.setTranslate(SbVec3f(settings.jitterX, settings.jitterY, 0.0f));
-    projection.multRight(shift);
-  }
+  const SbMatrix projection = SoProjectionMatrixElement::get(state) * settings.pictureTransform;
   glLoadMatrixf(&projection[0][0]);
   glMatrixMode(GL_MODELVIEW);
   const SbMatrix modelView = SoModelMatrixElement::get(state) * SoViewingMatrixElement::get(state);

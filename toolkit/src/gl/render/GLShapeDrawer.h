@@ -17,10 +17,9 @@ struct GLDrawSettings {
   SoGLRenderAction::TransparencyType transparency = SoGLRenderAction::BLEND;
   const std::vector<GLLightSource>* lights = nullptr;
   int numLights = 0;
-  // Shift of the picture in normalised device coordinates (a pass's
-  // sub-pixel jitter).
-  float jitterX = 0.0f;
-  float jitterY = 0.0f;
+  // Applied after the projection: a tile's part of the picture, a pass's
+  // sub-pixel shift.
+  SbMatrix pictureTransform = SbMatrix::identity();
   // Transparent vertices leave the depth buffer as it is (the delayed
   // transparent shapes).
   bool keepDepthForTransparent = false;

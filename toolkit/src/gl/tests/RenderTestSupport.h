@@ -69,7 +69,7 @@ inline void addQuad(SoSeparator* root, float x0, float y0, float x1, float y1, f
 
 // Pixel (x, y), y counted from the bottom row, of a renderer's buffer.
 inline std::array<int, 4> pixel(const SoOffscreenRenderer& r, int x, int y) {
-  const int n = r.getComponents();
+  const int n = SoOffscreenRenderer::getNumComponents(r.getComponents());
   const int width = r.getViewportRegion().getWindowSize()[0];
   const unsigned char* p = r.getBuffer() + (static_cast<size_t>(y) * width + x) * n;
   std::array<int, 4> out{0, 0, 0, 255};
@@ -79,7 +79,7 @@ inline std::array<int, 4> pixel(const SoOffscreenRenderer& r, int x, int y) {
 
 // The number of pixels whose first channel is above `threshold`.
 inline int countLit(const SoOffscreenRenderer& r, int threshold = 127) {
-  const int n = r.getComponents();
+  const int n = SoOffscreenRenderer::getNumComponents(r.getComponents());
   int count = 0;
   for (size_t i = 0; i < r.getBufferSize(); i += static_cast<size_t>(n))
     if (r.getBuffer()[i] > threshold) ++count;

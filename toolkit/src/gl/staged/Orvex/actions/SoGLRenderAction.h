@@ -1,4 +1,5 @@
 #pragma once
+#include <Orvex/SbMatrix.h>
 #include <Orvex/SbVec2f.h>
 #include <Orvex/SbViewportRegion.h>
 #include <Orvex/actions/SoSubAction.h>
@@ -154,6 +155,15 @@ class SoGLRenderAction : public SoAction {
   void renderPass(const std::function<void()>& applyScene);
   void sendViewport() const;
   bool delaysTransparentShapes() const;
+
+  // A picture larger than the drawable is drawn tile by tile: the tile is
+  // the rectangle (x, y, width, height) of the window, in pixels, that the
+  // drawable's corner (0, 0) shows. Width 0: no tiling.
+  friend class SoOffscreenRenderer;
+  void setTile(int x, int y, int width, int height);
+  // What follows the projection: the tile's and the pass's shifts.
+  SbMatrix pictureTransform() const;
+  int m_tile[4] = {0, 0, 0, 0};
 
   SbViewportRegion m_viewport;
   TransparencyType m_transparencyType = BLEND;
