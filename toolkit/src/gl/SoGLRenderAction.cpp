@@ -236,6 +236,7 @@ void SoGLRenderAction::beginTraversal(SoNode* node) {
   traverse(node);
   // Leave the fixed-function state as a caller expects to find it.
   glDisable(GL_LIGHTING);
+  glDisable(GL_COLOR_MATERIAL);
   glDisable(GL_BLEND);
   glDisable(GL_CULL_FACE);
   glDepthMask(GL_TRUE);

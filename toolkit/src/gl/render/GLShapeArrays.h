@@ -7,7 +7,10 @@
 #include <Orvex/SoPrimitiveVertex.h>
 
 #include <cstdint>
+#include <memory>
 #include <vector>
+
+#include "GLBufferObject.h"
 
 #include "nodes/ShapePrimitives.h"
 
@@ -22,6 +25,10 @@ struct GLVertexArray {
   std::vector<int32_t> materials;   // material index of each vertex
   // Whether any vertex came with a non-zero normal.
   bool hasNormals = false;
+  // Copies of positions and normals in the drawing context, made when
+  // first drawn (the arrays do not change once collected).
+  std::unique_ptr<GLBufferObject> positionBuffer = std::make_unique<GLBufferObject>();
+  std::unique_ptr<GLBufferObject> normalBuffer = std::make_unique<GLBufferObject>();
 
   size_t size() const { return materials.size(); }
   void add(const SoPrimitiveVertex* v);

@@ -141,23 +141,50 @@ void sendBlending(bool transparent, const GLDrawSettings& settings) {
     glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
 }
 
-void drawArray(SoState* state, const GLVertexArray& array, GLenum mode, bool lit,
-               const GLDrawSettings& settings) {
+// Whether every vertex takes the same diffuse colour and transparency
+// (one of each in the material), so that one colour serves the shape.
+bool singleMaterial(SoState* state) {
+  const SoLazyElement* lazy = SoLazyElement::getInstance(state);
+  return !lazy || (lazy->getNumDiffuse() <= 1 && lazy->getNumTransparencies() <= 1);
+}
+
+// Points OpenGL at an array: in the buffer object when one can be used,
+// else in client memory.
+template <typename Pointer>
+void arrayPointer(GLBufferObject& buffer, const std::vector<float>& values, Pointer&& point) {
+  if (buffer.bind(values.data(), values.size() * sizeof(float))) {
+    point(nullptr);
+    glBindBuffer(GL_ARRAY_BUFFER, 0);
+  } else {
+    point(values.data());
+  }
+}
+
+void drawArray(SoState* state, GLVertexArray& array, GLenum mode, bool lit, const GLDrawSettings& settings) {
   if (array.size() == 0) return;
   if (lit)
     glEnable(GL_LIGHTING);
   else
     glDisable(GL_LIGHTING);
-  std::vector<float> colors;
   const bool opaque = settings.transparency == SoGLRenderAction::NOTRANSPARENCY;
-  sendBlending(vertexColors(state, array, opaque, colors), settings);
+  std::vector<float> colors;
+  if (singleMaterial(state)) {
+    const SbColor& c = SoLazyElement::getDiffuse(state, 0);
+    const float alpha = opaque ? 1.0f : 1.0f - std::clamp(SoLazyElement::getTransparency(state, 0), 0.0f, 1.0f);
+    sendBlending(alpha < 1.0f, settings);
+    glDisableClientState(GL_COLOR_ARRAY);
+    glColor4f(c[0], c[1], c[2], alpha);
+  } else {
+    sendBlending(vertexColors(state, array, opaque, colors), settings);
+    glEnableClientState(GL_COLOR_ARRAY);
+    glColorPointer(4, GL_FLOAT, 0, colors.data());
+  }
   glEnableClientState(GL_VERTEX_ARRAY);
-  glVertexPointer(3, GL_FLOAT, 0, array.positions.data());
-  glEnableClientState(GL_COLOR_ARRAY);
-  glColorPointer(4, GL_FLOAT, 0, colors.data());
+  arrayPointer(*array.positionBuffer, array.positions,
+               [](const void* p) { glVertexPointer(3, GL_FLOAT, 0, p); });
   if (lit) {
     glEnableClientState(GL_NORMAL_ARRAY);
-    glNormalPointer(GL_FLOAT, 0, array.normals.data());
+    arrayPointer(*array.normalBuffer, array.normals, [](const void* p) { glNormalPointer(GL_FLOAT, 0, p); });
   } else {
     glDisableClientState(GL_NORMAL_ARRAY);
   }
@@ -179,7 +206,7 @@ bool materialIsTransparent(SoState* state) {
   return false;
 }
 
-void drawShapeArrays(SoState* state, const GLShapeArrays& arrays, const GLDrawSettings& settings) {
+void drawShapeArrays(SoState* state, GLShapeArrays& arrays, const GLDrawSettings& settings) {
   const bool phong = SoLazyElement::getLightModel(state) == SoLazyElement::PHONG;
   if (phong && settings.lights) sendLightSources(*settings.lights, settings.numLights);
   glMatrixMode(GL_PROJECTION);

@@ -28,6 +28,6 @@ struct GLDrawSettings {
 // Whether the current material has any transparency above 0.
 bool materialIsTransparent(SoState* state);
 
-void drawShapeArrays(SoState* state, const GLShapeArrays& arrays, const GLDrawSettings& settings);
+void drawShapeArrays(SoState* state, GLShapeArrays& arrays, const GLDrawSettings& settings);
 
 }  // namespace orvex

@@ -8,6 +8,7 @@
 
 #include <GL/gl.h>
 
+#include <memory>
 #include <vector>
 
 #include "RenderTestSupport.h"
@@ -331,6 +332,40 @@ TEST(RenderAction, ShapeArraysAreKeptUnlessRenderCachingIsOff) {
   ASSERT_TRUE(renderer.render(root.node));
   ASSERT_TRUE(renderer.render(root.node));
   EXPECT_EQ(cube->generations, 4);
+}
+
+}  // namespace
+
+namespace {
+
+TEST(RenderAction, OneActionDrawsInContextsThatShareNothing) {
+  // The action keeps its shapes' arrays in buffer objects of the context
+  // they were first drawn in; another renderer has its own context, where
+  // those names mean nothing, and must still get the picture.
+  Root root;
+  root->addChild(orthoCamera(4.0f));
+  root->addChild(baseColor());
+  root->addChild(diffuse(0.0f, 0.0f, 1.0f));
+  root->addChild(new SoCube);
+  SoGLRenderAction action(SbViewportRegion(20, 20));
+  auto first = std::make_unique<SoOffscreenRenderer>(&action);
+  ASSERT_TRUE(first->render(root.node));
+  const std::vector<unsigned char> picture(first->getBuffer(), first->getBuffer() + first->getBufferSize());
+  EXPECT_EQ(rgbAt(*first, 10, 10), (Rgb{0, 0, 255}));
+  SoOffscreenRenderer second(&action);
+  ASSERT_TRUE(second.render(root.node));
+  EXPECT_EQ(std::vector<unsigned char>(second.getBuffer(), second.getBuffer() + second.getBufferSize()), picture);
+  // The first context may go; the action goes on drawing in the second.
+  first.reset();
+  ASSERT_TRUE(second.render(root.node));
+  EXPECT_EQ(std::vector<unsigned char>(second.getBuffer(), second.getBuffer() + second.getBufferSize()), picture);
+  action.invalidateCaches();
+  ASSERT_TRUE(second.render(root.node));
+  EXPECT_EQ(rgbAt(second, 10, 10), (Rgb{0, 0, 255}));
+  int blue = 0;
+  for (int y = 0; y < 20; ++y)
+    for (int x = 0; x < 20; ++x) blue += rgbAt(second, x, y) == Rgb{0, 0, 255};
+  EXPECT_EQ(blue, 10 * 10);  // 2 of 4 units each way
 }
 
 }  // namespace
