@@ -4,7 +4,14 @@
 #include <Orvex/SoPath.h>
 #include <Orvex/SoPathList.h>
 #include <Orvex/elements/SoDrawStyleElement.h>
+#include <Orvex/elements/SoGLDepthBufferElement.h>
+#include <Orvex/elements/SoGLDrawStyleElement.h>
 #include <Orvex/elements/SoGLLightIdElement.h>
+#include <Orvex/elements/SoGLLineWidthElement.h>
+#include <Orvex/elements/SoGLPointSizeElement.h>
+#include <Orvex/elements/SoGLRenderPassElement.h>
+#include <Orvex/elements/SoGLShapeHintsElement.h>
+#include <Orvex/elements/SoGLUpdateAreaElement.h>
 #include <Orvex/elements/SoModelMatrixElement.h>
 #include <Orvex/elements/SoViewingMatrixElement.h>
 #include <Orvex/elements/SoViewportRegionElement.h>
@@ -33,12 +40,28 @@ void SoGLRenderAction::initClass() {
   static std::once_flag once;
   std::call_once(once, [] {
     SoGLLightIdElement::initClass();
+    SoGLDrawStyleElement::initClass();
+    SoGLLineWidthElement::initClass();
+    SoGLPointSizeElement::initClass();
+    SoGLDepthBufferElement::initClass();
+    SoGLShapeHintsElement::initClass();
+    SoGLRenderPassElement::initClass();
+    SoGLUpdateAreaElement::initClass();
     SO_ACTION_INIT_CLASS(SoGLRenderAction, SoAction);
     SO_ACTION_ADD_METHOD(SoNode, &SoGLRenderAction::renderNode);
     SO_ACTION_ADD_METHOD(SoShape, &SoGLRenderAction::renderShape);
     SO_ACTION_ADD_METHOD(SoLight, &SoGLRenderAction::renderLight);
     orvex::enableShapeElements<SoGLRenderAction>();
     SO_ENABLE(SoGLRenderAction, SoGLLightIdElement);
+    // The OpenGL kinds of the shape elements take their places in the
+    // state: they send their values to OpenGL as they change.
+    SO_ENABLE(SoGLRenderAction, SoGLDrawStyleElement);
+    SO_ENABLE(SoGLRenderAction, SoGLLineWidthElement);
+    SO_ENABLE(SoGLRenderAction, SoGLPointSizeElement);
+    SO_ENABLE(SoGLRenderAction, SoGLDepthBufferElement);
+    SO_ENABLE(SoGLRenderAction, SoGLShapeHintsElement);
+    SO_ENABLE(SoGLRenderAction, SoGLRenderPassElement);
+    SO_ENABLE(SoGLRenderAction, SoGLUpdateAreaElement);
   });
 }
 
@@ -228,6 +251,8 @@ void SoGLRenderAction::renderPass(const std::function<void()>& applyScene) {
 void SoGLRenderAction::beginTraversal(SoNode* node) {
   SoState* state = getState();
   SoViewportRegionElement::set(state, m_viewport);
+  SoGLRenderPassElement::set(state, m_curPass);
+  SoGLUpdateAreaElement::set(state, m_updateOrigin, m_updateSize);
   sendViewport();
   // Scaled transformations must not change the lighting.
   glEnable(GL_NORMALIZE);
