@@ -24,6 +24,7 @@
 #include <algorithm>
 #include <cmath>
 #include <mutex>
+#include <new>
 
 #include "actions/EnabledElements.h"
 #include "render/GLDelayedShapes.h"
@@ -33,6 +34,11 @@
 #include "render/GLShapeDrawer.h"
 
 SO_ACTION_SOURCE(SoGLRenderAction)
+
+namespace {
+// More passes than this add nothing an 8-bit channel can show.
+constexpr int kMostPasses = 256;
+}  // namespace
 
 void SoGLRenderAction::initClass() {
   // The library is loaded after the toolkit has set up its actions, so the
@@ -87,7 +93,7 @@ void SoGLRenderAction::setPassCallback(SoGLRenderPassCB* func, void* userData) {
   m_passData = userData;
 }
 
-void SoGLRenderAction::setNumPasses(int num) { m_numPasses = std::max(1, num); }
+void SoGLRenderAction::setNumPasses(int num) { m_numPasses = std::clamp(num, 1, kMostPasses); }
 
 void SoGLRenderAction::setUpdateArea(const SbVec2f& origin, const SbVec2f& size) {
   const auto unit = [](float v) { return std::isnan(v) ? 0.0f : std::clamp(v, 0.0f, 1.0f); };
@@ -210,7 +216,16 @@ void SoGLRenderAction::renderFrame(const std::function<void()>& applyScene) {
     sendViewport();
     GLint box[4] = {0, 0, 0, 0};
     glGetIntegerv(GL_SCISSOR_BOX, box);
-    orvex::GLPassAccumulator accumulator(box[0], box[1], box[2], box[3]);
+    std::unique_ptr<orvex::GLPassAccumulator> accumulator;
+    try {
+      accumulator = std::make_unique<orvex::GLPassAccumulator>(box[0], box[1], box[2], box[3]);
+    } catch (const std::bad_alloc&) {
+      // No memory for the sums of so large an area: one plain pass.
+      renderPass(applyScene);
+      m_caches->endFrame();
+      glDisable(GL_SCISSOR_TEST);
+      return;
+    }
     for (int pass = 0; pass < passes && !m_aborted; ++pass) {
       m_curPass = pass;
       if (pass > 0) {
@@ -227,9 +242,9 @@ void SoGLRenderAction::renderFrame(const std::function<void()>& applyScene) {
       m_jitter.setValue(dx, dy);
       renderPass(applyScene);
       sendViewport();
-      accumulator.add();
+      accumulator->add();
     }
-    accumulator.drawMean();
+    accumulator->drawMean();
   }
   m_curPass = 0;
   m_jitter.setValue(0.0f, 0.0f);

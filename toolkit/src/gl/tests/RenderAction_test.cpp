@@ -247,6 +247,8 @@ TEST(RenderAction, PassesAverageSubPixelSamples) {
 
   action->setNumPasses(0);
   EXPECT_EQ(action->getNumPasses(), 1);
+  action->setNumPasses(1 << 30);
+  EXPECT_EQ(action->getNumPasses(), 256);
 }
 
 // ---- update area ----------------------------------------------------------------------------

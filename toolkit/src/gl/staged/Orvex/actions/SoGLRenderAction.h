@@ -99,7 +99,7 @@ class SoGLRenderAction : public SoAction {
   // shapes, DELAY counts as CONTINUE.
   void setAbortCallback(SoGLRenderAbortCB* func, void* userData);
 
-  // Renders the scene that many times (at least 1; default 1), each pass
+  // Renders the scene that many times (1 to 256; default 1), each pass
   // sampling the pixels at another sub-pixel position, and leaves the mean
   // of the passes in the viewport: pass k of n is shifted by
   // ((k + 0.5) / n - 0.5, ((k * s) mod n + 0.5) / n - 0.5) pixels, where s
