@@ -12,6 +12,7 @@
 #include <Orvex/elements/SoGLRenderPassElement.h>
 #include <Orvex/elements/SoGLShapeHintsElement.h>
 #include <Orvex/elements/SoGLUpdateAreaElement.h>
+#include <Orvex/elements/SoGLViewportRegionElement.h>
 #include <Orvex/elements/SoModelMatrixElement.h>
 #include <Orvex/elements/SoViewingMatrixElement.h>
 #include <Orvex/elements/SoViewportRegionElement.h>
@@ -53,6 +54,7 @@ void SoGLRenderAction::initClass() {
     SoGLShapeHintsElement::initClass();
     SoGLRenderPassElement::initClass();
     SoGLUpdateAreaElement::initClass();
+    SoGLViewportRegionElement::initClass();
     SO_ACTION_INIT_CLASS(SoGLRenderAction, SoAction);
     SO_ACTION_ADD_METHOD(SoNode, &SoGLRenderAction::renderNode);
     SO_ACTION_ADD_METHOD(SoShape, &SoGLRenderAction::renderShape);
@@ -68,6 +70,7 @@ void SoGLRenderAction::initClass() {
     SO_ENABLE(SoGLRenderAction, SoGLShapeHintsElement);
     SO_ENABLE(SoGLRenderAction, SoGLRenderPassElement);
     SO_ENABLE(SoGLRenderAction, SoGLUpdateAreaElement);
+    SO_ENABLE(SoGLRenderAction, SoGLViewportRegionElement);
   });
 }
 
@@ -152,9 +155,11 @@ void SoGLRenderAction::setTile(int x, int y, int width, int height) {
   m_tile[3] = std::max(0, height);
 }
 
-void SoGLRenderAction::sendViewport() const {
-  const SbVec2s origin = m_viewport.getViewportOriginPixels();
-  const SbVec2s size = m_viewport.getViewportSizePixels();
+void SoGLRenderAction::sendViewport() const { sendViewport(m_viewport); }
+
+void SoGLRenderAction::sendViewport(const SbViewportRegion& region) const {
+  const SbVec2s origin = region.getViewportOriginPixels();
+  const SbVec2s size = region.getViewportSizePixels();
   // Only the update area is touched; rounded outwards to whole pixels.
   int x0 = origin[0] + static_cast<int>(std::floor(m_updateOrigin[0] * size[0]));
   int y0 = origin[1] + static_cast<int>(std::floor(m_updateOrigin[1] * size[1]));
@@ -175,11 +180,11 @@ void SoGLRenderAction::sendViewport() const {
   glEnable(GL_SCISSOR_TEST);
 }
 
-SbMatrix SoGLRenderAction::pictureTransform() const {
+SbMatrix SoGLRenderAction::pictureTransform(const SbViewportRegion& region) const {
   // Applied after the projection, in clip coordinates (row vectors:
   // x' = s x + t w), so that it moves and scales the whole picture.
-  const SbVec2s origin = m_viewport.getViewportOriginPixels();
-  const SbVec2s size = m_viewport.getViewportSizePixels();
+  const SbVec2s origin = region.getViewportOriginPixels();
+  const SbVec2s size = region.getViewportSizePixels();
   SbMatrix m = SbMatrix::identity();
   float drawableWidth = size[0], drawableHeight = size[1];
   if (m_tile[2] > 0 && size[0] > 0 && size[1] > 0) {
@@ -265,10 +270,11 @@ void SoGLRenderAction::renderPass(const std::function<void()>& applyScene) {
 
 void SoGLRenderAction::beginTraversal(SoNode* node) {
   SoState* state = getState();
+  // The OpenGL viewport element sends the viewport (through
+  // sendViewport(), which knows tiles and the update area).
   SoViewportRegionElement::set(state, m_viewport);
   SoGLRenderPassElement::set(state, m_curPass);
   SoGLUpdateAreaElement::set(state, m_updateOrigin, m_updateSize);
-  sendViewport();
   // Scaled transformations must not change the lighting.
   glEnable(GL_NORMALIZE);
   glShadeModel(GL_SMOOTH);
@@ -354,7 +360,7 @@ void SoGLRenderAction::renderShape(SoAction* action, SoNode* node) {
   settings.transparency = self->m_transparencyType;
   settings.lights = &self->m_caches->lights();
   settings.numLights = SoGLLightIdElement::get(state) + 1;
-  settings.pictureTransform = self->pictureTransform();
+  settings.pictureTransform = self->pictureTransform(SoViewportRegionElement::get(state));
   settings.keepDepthForTransparent = delayedPhase && self->delaysTransparentShapes();
   orvex::drawShapeArrays(state, cache->arrays, settings);
 }

@@ -13,6 +13,7 @@
 #include <Orvex/elements/SoGLRenderPassElement.h>
 #include <Orvex/elements/SoGLShapeHintsElement.h>
 #include <Orvex/elements/SoGLUpdateAreaElement.h>
+#include <Orvex/elements/SoGLViewportRegionElement.h>
 #include <Orvex/misc/SoState.h>
 #include <Orvex/nodes/SoCallback.h>
 #include <Orvex/nodes/SoDepthBuffer.h>
@@ -48,7 +49,8 @@ std::vector<ElementPair> elementPairs() {
           {"SoGLLineWidthElement", "SoLineWidthElement", SoLineWidthElement::getClassStackIndex()},
           {"SoGLPointSizeElement", "SoPointSizeElement", SoPointSizeElement::getClassStackIndex()},
           {"SoGLDepthBufferElement", "SoDepthBufferElement", SoDepthBufferElement::getClassStackIndex()},
-          {"SoGLShapeHintsElement", "SoShapeHintsElement", SoShapeHintsElement::getClassStackIndex()}};
+          {"SoGLShapeHintsElement", "SoShapeHintsElement", SoShapeHintsElement::getClassStackIndex()},
+          {"SoGLViewportRegionElement", "SoViewportRegionElement", SoViewportRegionElement::getClassStackIndex()}};
 }
 
 TEST(GLElements, RegisteredUnderTheirClassNamesAndUsedByTheRenderAction) {
@@ -180,6 +182,45 @@ TEST(GLElements, SeparatorEndRestoresShapeHintsAndDepth) {
   ASSERT_TRUE(renderer.render(root.node));
   EXPECT_EQ(pixel(renderer, 5, 15), (std::array<int, 4>{255, 0, 0, 255}));
   EXPECT_EQ(pixel(renderer, 15, 5), (std::array<int, 4>{255, 0, 0, 255}));
+}
+
+TEST(GLElements, ViewportFollowsTheRegionAndIsRestored) {
+  // 20 x 20 pixels, 4 units: 5 pixels a unit. Inside a separator a
+  // callback narrows the viewport to the left half, where a quad filling
+  // the view turns red. After the separator a green quad from -1 to 1
+  // must land in columns 5 to 14 of the whole window again.
+  struct Narrow {
+    static void callback(void*, SoAction* action) {
+      SbViewportRegion left(20, 20);
+      left.setViewportPixels(0, 0, 10, 20);
+      SoViewportRegionElement::set(action->getState(), left);
+    }
+  };
+  Root root;
+  root->addChild(orthoCamera(4.0f));
+  root->addChild(baseColor());
+  auto* inside = new SoSeparator;
+  auto* narrow = new SoCallback;
+  narrow->setCallback(&Narrow::callback, nullptr);
+  inside->addChild(narrow);
+  inside->addChild(diffuse(1, 0, 0));
+  addQuad(inside, -2.0f, -2.0f, 2.0f, 2.0f, 0.0f);
+  root->addChild(inside);
+  root->addChild(diffuse(0, 1, 0));
+  addQuad(root.node, -1.0f, -1.0f, 1.0f, 1.0f, 1.0f);
+  for (const bool tiled : {false, true}) {
+    SoOffscreenRenderer renderer(SbViewportRegion(20, 20));
+    if (tiled) renderer.setMaxTileSize(SbVec2s(7, 6));
+    ASSERT_TRUE(renderer.render(root.node));
+    for (int y = 0; y < 20; ++y) {
+      for (int x = 0; x < 20; ++x) {
+        const bool green = x >= 5 && x < 15 && y >= 5 && y < 15;
+        const bool red = !green && x < 10;
+        const std::array<int, 4> expected{red ? 255 : 0, green ? 255 : 0, 0, 255};
+        EXPECT_EQ(pixel(renderer, x, y), expected) << x << ", " << y << (tiled ? " tiled" : "");
+      }
+    }
+  }
 }
 
 TEST(GLElements, PassAndUpdateAreaAsTheActionSetsThem) {

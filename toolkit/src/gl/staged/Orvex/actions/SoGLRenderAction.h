@@ -153,7 +153,11 @@ class SoGLRenderAction : public SoAction {
   void renderFrame(const std::function<void()>& applyScene);
   // One pass: the scene, then the shapes it delayed.
   void renderPass(const std::function<void()>& applyScene);
+  // Sets the OpenGL viewport and scissor box for the action's region, or
+  // for another region a node set in the state.
+  friend class SoGLViewportRegionElement;
   void sendViewport() const;
+  void sendViewport(const SbViewportRegion& region) const;
   bool delaysTransparentShapes() const;
 
   // A picture larger than the drawable is drawn tile by tile: the tile is
@@ -161,8 +165,9 @@ class SoGLRenderAction : public SoAction {
   // drawable's corner (0, 0) shows. Width 0: no tiling.
   friend class SoOffscreenRenderer;
   void setTile(int x, int y, int width, int height);
-  // What follows the projection: the tile's and the pass's shifts.
-  SbMatrix pictureTransform() const;
+  // What follows the projection: the tile's and the pass's shifts, for
+  // the viewport region in force.
+  SbMatrix pictureTransform(const SbViewportRegion& region) const;
   int m_tile[4] = {0, 0, 0, 0};
 
   SbViewportRegion m_viewport;
