@@ -4,6 +4,7 @@
 #include <Orvex/SoDB.h>
 #include <Orvex/actions/SoGLRenderAction.h>
 #include <Orvex/actions/SoHandleEventAction.h>
+#include <Orvex/antialiasing/SoAntialiasingEventListener.h>
 #include <Orvex/antialiasing/SoAntialiasingParameters.h>
 #include <Orvex/devices/SoGLContext.h>
 #include <Orvex/fields/SoSFTime.h>
@@ -308,6 +309,8 @@ void SoSceneManager::updateRealTimeSensor() {
 // ---- antialiasing ------------------------------------------------------------------------------
 
 void SoSceneManager::setAntialiasing(float quality, AntialiasingMode mode) {
+  const AntialiasingMode oldMode = m_aaMode;
+  const float oldQuality = m_aaQuality;
   m_aaQuality = unitQuality(quality);
   m_aaMode = m_aaQuality > 0.0f && mode >= NOANTIALIASING && mode < NUMANTIALIASINGMODE ? mode : NOANTIALIASING;
   if (m_aaMode == NOANTIALIASING) m_aaQuality = 0.0f;
@@ -316,6 +319,8 @@ void SoSceneManager::setAntialiasing(float quality, AntialiasingMode mode) {
     m_aaParameters.reset();
   else
     m_aaParameters = std::make_unique<SoAntialiasingParameters>(m_aaMode, m_aaQuality);
+  if (m_aaListener && (oldMode != m_aaMode || oldQuality != m_aaQuality))
+    m_aaListener->antialiasingChanged(this, m_aaMode, m_aaQuality);
 }
 
 void SoSceneManager::setAntialiasing(const SoAntialiasingParameters* parameters) {

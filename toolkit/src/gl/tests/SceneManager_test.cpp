@@ -6,6 +6,7 @@
 #include <Orvex/SoSceneManager.h>
 #include <Orvex/actions/SoGLRenderAction.h>
 #include <Orvex/actions/SoHandleEventAction.h>
+#include <Orvex/antialiasing/SoAntialiasingEventListener.h>
 #include <Orvex/antialiasing/SoAntialiasingParameters.h>
 #include <Orvex/devices/SoGLContext.h>
 #include <Orvex/events/SoKeyboardEvent.h>
@@ -407,6 +408,33 @@ TEST(SceneManager, AntialiasingSmoothsEdges) {
   EXPECT_EQ(manager.getAntialiasingMode(), SoSceneManager::SMAA);
   manager.setAntialiasing(nullptr);
   EXPECT_EQ(manager.getAntialiasingMode(), SoSceneManager::NOANTIALIASING);
+}
+
+TEST(SceneManager, AntialiasingListenerHearsOfEachChange) {
+  struct Listener : SoAntialiasingEventListener {
+    std::vector<std::pair<SoSceneManager::AntialiasingMode, float>> heard;
+    SoSceneManager* from = nullptr;
+    void antialiasingChanged(SoSceneManager* manager, SoSceneManager::AntialiasingMode mode, float quality) override {
+      from = manager;
+      heard.emplace_back(mode, quality);
+    }
+  } listener;
+  SoSceneManager manager;
+  EXPECT_EQ(manager.getAntialiasingEventListener(), nullptr);
+  manager.setAntialiasingEventListener(&listener);
+  EXPECT_EQ(manager.getAntialiasingEventListener(), &listener);
+  manager.setAntialiasing(0.5f, SoSceneManager::FSAA);
+  manager.setAntialiasing(0.5f, SoSceneManager::FSAA);  // no change: not told
+  manager.setAntialiasing(2.0f, SoSceneManager::SUPERSAMPLING);
+  manager.setAntialiasing(nullptr);
+  ASSERT_EQ(listener.heard.size(), 3u);
+  EXPECT_EQ(listener.from, &manager);
+  EXPECT_EQ(listener.heard[0], std::make_pair(SoSceneManager::FSAA, 0.5f));
+  EXPECT_EQ(listener.heard[1], std::make_pair(SoSceneManager::SUPERSAMPLING, 1.0f));
+  EXPECT_EQ(listener.heard[2], std::make_pair(SoSceneManager::NOANTIALIASING, 0.0f));
+  manager.setAntialiasingEventListener(nullptr);
+  manager.setAntialiasing(0.3f, SoSceneManager::FSAA);
+  EXPECT_EQ(listener.heard.size(), 3u);
 }
 
 TEST(SceneManager, StillSuperSamplingRedrawsWhenTheSceneRests) {

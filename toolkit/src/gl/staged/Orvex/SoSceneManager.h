@@ -8,6 +8,7 @@
 #include <memory>
 
 class SoAlarmSensor;
+class SoAntialiasingEventListener;
 class SoAntialiasingParameters;
 class SoEvent;
 class SoGLContext;
@@ -149,6 +150,10 @@ class SoSceneManager {
   // when antialiasing is off.
   const SoAntialiasingParameters* getAntialiasingParameters() const { return m_aaParameters.get(); }
   bool isSmoothing() const { return m_smoothing; }
+  // Told each time the mode or the quality changes (not owned; null for
+  // none).
+  void setAntialiasingEventListener(SoAntialiasingEventListener* listener) { m_aaListener = listener; }
+  SoAntialiasingEventListener* getAntialiasingEventListener() const { return m_aaListener; }
   // The samples per pixel FSAA asked for in the last render(); 0 when it
   // did not use a multisampled framebuffer.
   int getLastSamples() const { return m_lastSamples; }
@@ -222,6 +227,7 @@ class SoSceneManager {
   int m_aaPasses = 0;  // explicit pass count of setAntialiasing(bool, int)
   bool m_smoothing = false;
   std::unique_ptr<SoAntialiasingParameters> m_aaParameters;
+  SoAntialiasingEventListener* m_aaListener = nullptr;
   int m_lastSamples = 0;
   float m_stillQuality = 0.0f;
   float m_stillDelay = 0.0f;
