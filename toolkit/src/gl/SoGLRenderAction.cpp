@@ -155,6 +155,11 @@ void SoGLRenderAction::setTile(int x, int y, int width, int height) {
   m_tile[3] = std::max(0, height);
 }
 
+void SoGLRenderAction::apply(const SoPathList& pathList, bool obeysRules) {
+  if (isBeingApplied()) return;
+  renderFrame([this, &pathList, obeysRules] { SoAction::apply(pathList, obeysRules); });
+}
+
 void SoGLRenderAction::sendViewport() const { sendViewport(m_viewport); }
 
 void SoGLRenderAction::sendViewport(const SbViewportRegion& region) const {

@@ -3,6 +3,8 @@
 // passes, the update area and the render-cache setting.
 
 #include <Orvex/SoDB.h>
+#include <Orvex/SoPath.h>
+#include <Orvex/SoPathList.h>
 #include <Orvex/actions/SoGLRenderAction.h>
 #include <Orvex/nodes/SoCube.h>
 
@@ -182,6 +184,44 @@ TEST(RenderAction, DelayedTransparencyKeepsTraversalOrderSortedGoesBackToFront) 
   expectRgbNear(centreWith(root.node, SoGLRenderAction::DELAYEDBLEND), {64, 0, 128}, 2, "DELAYEDBLEND");
   // Farthest first: blue over black (0, 0, 0.5), then red over that.
   expectRgbNear(centreWith(root.node, SoGLRenderAction::SORTEDOBJECTBLEND), {128, 0, 64}, 2, "SORTEDOBJECTBLEND");
+}
+
+TEST(RenderAction, PathListsGetTheDelayedTransparentShapesToo) {
+  // The two half-transparent quads of the test above, each reached by its
+  // own path: applied as a list, the sorted kind still draws the far one
+  // first.
+  Root root;
+  root->addChild(orthoCamera(4.0f));
+  root->addChild(baseColor());
+  root->addChild(coloredQuad(1, 0, 0, -1, -1, 1, 1, 1.0f, 0.5f));
+  root->addChild(coloredQuad(0, 0, 1, -1, -1, 1, 1, -1.0f, 0.5f));
+  SoPathList paths;
+  for (int child : {2, 3}) {
+    auto* path = new SoPath(root.node);
+    path->append(child);
+    paths.append(path);
+  }
+  SoOffscreenRenderer renderer(SbViewportRegion(16, 16));
+  ASSERT_TRUE(renderer.render(root.node));  // sets up the context and buffer
+  SoGLRenderAction* action = renderer.getGLRenderAction();
+  action->setTransparencyType(SoGLRenderAction::SORTEDOBJECTBLEND);
+  // Draw the list into the renderer's framebuffer through a pass callback
+  // of a one-node render: the renderer's context is current there.
+  struct ListDrawer {
+    SoGLRenderAction* inner;
+    const SoPathList* paths;
+    static SoGLRenderAction::AbortCode callback(void* data) {
+      auto* self = static_cast<ListDrawer*>(data);
+      self->inner->apply(*self->paths);
+      return SoGLRenderAction::ABORT;
+    }
+  };
+  SoGLRenderAction inner(SbViewportRegion(16, 16));
+  inner.setTransparencyType(SoGLRenderAction::SORTEDOBJECTBLEND);
+  ListDrawer drawer{&inner, &paths};
+  action->setAbortCallback(&ListDrawer::callback, &drawer);
+  ASSERT_TRUE(renderer.render(root.node));
+  expectRgbNear(rgbAt(renderer, 8, 8), {128, 0, 64}, 2, "path list, SORTEDOBJECTBLEND");
 }
 
 TEST(RenderAction, SortingFollowsTheCameraNotTheCoordinates) {

@@ -131,6 +131,7 @@ class SoGLRenderAction : public SoAction {
   using SoAction::apply;
   void apply(SoNode* node) override;
   void apply(SoPath* path) override;
+  void apply(const SoPathList& pathList, bool obeysRules = false) override;
 
   // The OpenGL light sources in use for the shapes that follow: the light
   // nodes traversed so far in the current scope (at most 8).
