@@ -7,6 +7,7 @@
 #include <Orvex/elements/SoGLDepthBufferElement.h>
 #include <Orvex/elements/SoGLDrawStyleElement.h>
 #include <Orvex/elements/SoGLLightIdElement.h>
+#include <Orvex/elements/SoGLLinePatternElement.h>
 #include <Orvex/elements/SoGLLineWidthElement.h>
 #include <Orvex/elements/SoGLPointSizeElement.h>
 #include <Orvex/elements/SoGLRenderPassElement.h>
@@ -49,6 +50,7 @@ void SoGLRenderAction::initClass() {
     SoGLLightIdElement::initClass();
     SoGLDrawStyleElement::initClass();
     SoGLLineWidthElement::initClass();
+    SoGLLinePatternElement::initClass();
     SoGLPointSizeElement::initClass();
     SoGLDepthBufferElement::initClass();
     SoGLShapeHintsElement::initClass();
@@ -65,6 +67,7 @@ void SoGLRenderAction::initClass() {
     // state: they send their values to OpenGL as they change.
     SO_ENABLE(SoGLRenderAction, SoGLDrawStyleElement);
     SO_ENABLE(SoGLRenderAction, SoGLLineWidthElement);
+    SO_ENABLE(SoGLRenderAction, SoGLLinePatternElement);
     SO_ENABLE(SoGLRenderAction, SoGLPointSizeElement);
     SO_ENABLE(SoGLRenderAction, SoGLDepthBufferElement);
     SO_ENABLE(SoGLRenderAction, SoGLShapeHintsElement);
@@ -288,6 +291,7 @@ void SoGLRenderAction::beginTraversal(SoNode* node) {
   // Leave the fixed-function state as a caller expects to find it.
   glDisable(GL_LIGHTING);
   glDisable(GL_COLOR_MATERIAL);
+  glDisable(GL_LINE_STIPPLE);
   glDisable(GL_BLEND);
   glDisable(GL_CULL_FACE);
   glDepthMask(GL_TRUE);

@@ -8,6 +8,7 @@
 #include <Orvex/actions/SoGLRenderAction.h>
 #include <Orvex/elements/SoGLDepthBufferElement.h>
 #include <Orvex/elements/SoGLDrawStyleElement.h>
+#include <Orvex/elements/SoGLLinePatternElement.h>
 #include <Orvex/elements/SoGLLineWidthElement.h>
 #include <Orvex/elements/SoGLPointSizeElement.h>
 #include <Orvex/elements/SoGLRenderPassElement.h>
@@ -47,6 +48,7 @@ std::vector<ElementPair> elementPairs() {
   SoGLRenderAction::initClass();
   return {{"SoGLDrawStyleElement", "SoDrawStyleElement", SoDrawStyleElement::getClassStackIndex()},
           {"SoGLLineWidthElement", "SoLineWidthElement", SoLineWidthElement::getClassStackIndex()},
+          {"SoGLLinePatternElement", "SoLinePatternElement", SoLinePatternElement::getClassStackIndex()},
           {"SoGLPointSizeElement", "SoPointSizeElement", SoPointSizeElement::getClassStackIndex()},
           {"SoGLDepthBufferElement", "SoDepthBufferElement", SoDepthBufferElement::getClassStackIndex()},
           {"SoGLShapeHintsElement", "SoShapeHintsElement", SoShapeHintsElement::getClassStackIndex()},
@@ -150,6 +152,39 @@ TEST(GLElements, SeparatorEndRestoresDrawStyleAndLineWidth) {
   addQuad(flat.node, -1.5f, -1.5f, -0.5f, -0.5f, 0.0f);
   ASSERT_TRUE(renderer.render(flat.node));
   EXPECT_LE(gltest::countLit(renderer, 100), 4);
+}
+
+TEST(GLElements, LinePatternStipplesLinesUntilTheSeparatorEnds) {
+  // Two horizontal lines 32 pixels long through pixel centres: the first,
+  // in a separator, with the pattern 0x0F0F (4 pixels on, 4 off), the
+  // second with the default solid pattern.
+  const int size = 40;  // 4 units: 10 pixels a unit
+  Root root;
+  root->addChild(orthoCamera(4.0f));
+  root->addChild(baseColor());
+  root->addChild(diffuse(1.0f, 0.0f, 0.0f));
+  auto* inside = new SoSeparator;
+  auto* dashed = new SoDrawStyle;
+  dashed->linePattern = 0x0F0F;
+  inside->addChild(dashed);
+  addLine(inside, -1.6f, 1.6f, 1.05f);  // row 30, columns 4 to 35
+  root->addChild(inside);
+  addLine(root.node, -1.6f, 1.6f, -0.95f);  // row 10
+  SoOffscreenRenderer renderer(SbViewportRegion(size, size));
+  ASSERT_TRUE(renderer.render(root.node));
+  int dashedLit = 0, solidLit = 0;
+  for (int x = 0; x < size; ++x) {
+    dashedLit += pixel(renderer, x, 30)[0] > 127;
+    solidLit += pixel(renderer, x, 10)[0] > 127;
+  }
+  // 32 pixels, or 33 where the rasteriser also takes the pixel the line
+  // ends on.
+  EXPECT_GE(solidLit, 32);
+  EXPECT_LE(solidLit, 33);
+  // Pixel i along the line is drawn when bit i mod 16 of the pattern is.
+  int expected = 0;
+  for (int i = 0; i < solidLit; ++i) expected += (0x0F0F >> (i % 16)) & 1;
+  EXPECT_EQ(dashedLit, expected);
 }
 
 TEST(GLElements, SeparatorEndRestoresShapeHintsAndDepth) {
