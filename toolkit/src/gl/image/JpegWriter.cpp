@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <csetjmp>
+#include <cstdlib>
 #include <memory>
 #include <vector>
 
@@ -55,9 +56,10 @@ bool compress(FILE* file, const unsigned char* rows, int width, int height, int 
 }
 }  // namespace
 
-bool writeJPEG(const char* filename, const unsigned char* pixels, int width, int height, int components,
-               float quality) {
-  if (!filename || !pixels || width <= 0 || height <= 0 || components < 1 || components > 4) return false;
+namespace {
+// Writes the JPEG of the pixels to an open file.
+bool writeJPEGTo(FILE* file, const unsigned char* pixels, int width, int height, int components, float quality) {
+  if (!file || !pixels || width <= 0 || height <= 0 || components < 1 || components > 4) return false;
   // JPEG has no alpha: keep grey or RGB only.
   const int channels = components <= 2 ? 1 : 3;
   const size_t count = static_cast<size_t>(width) * static_cast<size_t>(height);
@@ -71,11 +73,40 @@ bool writeJPEG(const char* filename, const unsigned char* pixels, int width, int
             pixels[i * static_cast<size_t>(components) + static_cast<size_t>(c)];
     rows = stripped.data();
   }
-  std::unique_ptr<FILE, FileCloser> file(std::fopen(filename, "wb"));
-  if (!file) return false;
   const int q = static_cast<int>(std::clamp(quality, 0.0f, 1.0f) * 100.0f + 0.5f);
-  if (!compress(file.get(), rows, width, height, channels, std::max(q, 1))) return false;
-  return std::fflush(file.get()) == 0 && !std::ferror(file.get());
+  if (!compress(file, rows, width, height, channels, std::max(q, 1))) return false;
+  return std::fflush(file) == 0 && !std::ferror(file);
+}
+
+// A memory stream's buffer, freed with the stream's owner.
+struct MemoryStream {
+  char* data = nullptr;
+  size_t size = 0;
+  FILE* file = nullptr;
+  MemoryStream() : file(open_memstream(&data, &size)) {}
+  ~MemoryStream() {
+    if (file) std::fclose(file);
+    std::free(data);
+  }
+  MemoryStream(const MemoryStream&) = delete;
+  MemoryStream& operator=(const MemoryStream&) = delete;
+};
+}  // namespace
+
+bool writeJPEG(const char* filename, const unsigned char* pixels, int width, int height, int components,
+               float quality) {
+  if (!filename) return false;
+  std::unique_ptr<FILE, FileCloser> file(std::fopen(filename, "wb"));
+  return file && writeJPEGTo(file.get(), pixels, width, height, components, quality);
+}
+
+bool encodeJPEG(std::vector<unsigned char>& out, const unsigned char* pixels, int width, int height,
+                int components, float quality) {
+  MemoryStream stream;
+  if (!stream.file || !writeJPEGTo(stream.file, pixels, width, height, components, quality)) return false;
+  // After the flush the stream's buffer and size are up to date.
+  out.assign(reinterpret_cast<unsigned char*>(stream.data), reinterpret_cast<unsigned char*>(stream.data) + stream.size);
+  return true;
 }
 
 }  // namespace orvex

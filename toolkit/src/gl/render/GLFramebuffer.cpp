@@ -4,14 +4,15 @@
 
 namespace orvex {
 
-GLFramebuffer::GLFramebuffer(int width, int height) : m_width(width), m_height(height) {
+GLFramebuffer::GLFramebuffer(int width, int height, int samples, GLenum colorFormat)
+    : m_width(width), m_height(height), m_samples(samples > 1 ? samples : 0), m_colorFormat(colorFormat) {
   glGenFramebuffers(1, &m_framebuffer);
   glGenRenderbuffers(1, &m_color);
   glGenRenderbuffers(1, &m_depthStencil);
   glBindRenderbuffer(GL_RENDERBUFFER, m_color);
-  glRenderbufferStorage(GL_RENDERBUFFER, GL_RGBA8, width, height);
+  glRenderbufferStorageMultisample(GL_RENDERBUFFER, m_samples, colorFormat, width, height);
   glBindRenderbuffer(GL_RENDERBUFFER, m_depthStencil);
-  glRenderbufferStorage(GL_RENDERBUFFER, GL_DEPTH24_STENCIL8, width, height);
+  glRenderbufferStorageMultisample(GL_RENDERBUFFER, m_samples, GL_DEPTH24_STENCIL8, width, height);
   glBindRenderbuffer(GL_RENDERBUFFER, 0);
   glBindFramebuffer(GL_FRAMEBUFFER, m_framebuffer);
   glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_RENDERBUFFER, m_color);
@@ -21,9 +22,14 @@ GLFramebuffer::GLFramebuffer(int width, int height) : m_width(width), m_height(h
 }
 
 GLFramebuffer::~GLFramebuffer() {
-  glDeleteFramebuffers(1, &m_framebuffer);
-  glDeleteRenderbuffers(1, &m_color);
-  glDeleteRenderbuffers(1, &m_depthStencil);
+  if (m_framebuffer) glDeleteFramebuffers(1, &m_framebuffer);
+  if (m_color) glDeleteRenderbuffers(1, &m_color);
+  if (m_depthStencil) glDeleteRenderbuffers(1, &m_depthStencil);
+}
+
+void GLFramebuffer::abandon() {
+  m_framebuffer = m_color = m_depthStencil = 0;
+  m_complete = false;
 }
 
 void GLFramebuffer::bind() const {

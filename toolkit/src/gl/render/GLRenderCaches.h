@@ -28,11 +28,14 @@ struct GLLightSource {
 
 class GLRenderCaches {
  public:
-  // Starts a traversal: forgets the lights, counts the traversal.
-  void beginTraversal();
-  // Drops the arrays of shapes not drawn in the last few traversals (the
+  // Starts a frame (one application of the action, all its passes and
+  // delayed shapes): counts it.
+  void beginFrame();
+  // Drops the arrays of shapes not drawn in the last few frames (the
   // shape may be gone; its address may be reused).
-  void endTraversal();
+  void endFrame();
+  // Starts a traversal: no light source is set up yet.
+  void resetLights();
 
   // The arrays of `shape` valid in `state`, or null.
   GLShapeCache* find(const SoShape* shape, const SoState* state, uint64_t nodeId);
@@ -46,7 +49,7 @@ class GLRenderCaches {
  private:
   std::unordered_map<const SoShape*, std::unique_ptr<GLShapeCache>> m_shapes;
   std::vector<GLLightSource> m_lights;
-  uint64_t m_traversal = 0;
+  uint64_t m_frame = 0;
 };
 
 }  // namespace orvex

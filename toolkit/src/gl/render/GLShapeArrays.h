@@ -3,10 +3,14 @@
 // positions, normals, texture coordinates and material indices of its
 // triangles, line segments and points, ready for glDrawArrays.
 
+#include <Orvex/SbVec3f.h>
 #include <Orvex/SoPrimitiveVertex.h>
 
 #include <cstdint>
+#include <memory>
 #include <vector>
+
+#include "GLBufferObject.h"
 
 #include "nodes/ShapePrimitives.h"
 
@@ -21,6 +25,10 @@ struct GLVertexArray {
   std::vector<int32_t> materials;   // material index of each vertex
   // Whether any vertex came with a non-zero normal.
   bool hasNormals = false;
+  // Copies of positions and normals in the drawing context, made when
+  // first drawn (the arrays do not change once collected).
+  std::unique_ptr<GLBufferObject> positionBuffer = std::make_unique<GLBufferObject>();
+  std::unique_ptr<GLBufferObject> normalBuffer = std::make_unique<GLBufferObject>();
 
   size_t size() const { return materials.size(); }
   void add(const SoPrimitiveVertex* v);
@@ -30,6 +38,9 @@ struct GLShapeArrays {
   GLVertexArray triangles;
   GLVertexArray lines;
   GLVertexArray points;
+  // The centre of the box around all the positions (object coordinates);
+  // the origin when there are none.
+  SbVec3f boundsCenter() const;
 };
 
 // Fills arrays with the primitives a shape hands over.

@@ -1,13 +1,9 @@
 #include "GLShapeDrawer.h"
 
 #include <Orvex/elements/SoDepthBufferElement.h>
-#include <Orvex/elements/SoDrawStyleElement.h>
 #include <Orvex/elements/SoLazyElement.h>
-#include <Orvex/elements/SoLineWidthElement.h>
 #include <Orvex/elements/SoModelMatrixElement.h>
-#include <Orvex/elements/SoPointSizeElement.h>
 #include <Orvex/elements/SoProjectionMatrixElement.h>
-#include <Orvex/elements/SoShapeHintsElement.h>
 #include <Orvex/elements/SoViewingMatrixElement.h>
 
 #include <GL/gl.h>
@@ -20,64 +16,6 @@
 namespace orvex {
 
 namespace {
-
-GLenum depthFunction(SoDepthBufferElement::DepthWriteFunctions f) {
-  switch (f) {
-    case SoDepthBufferElement::NEVER: return GL_NEVER;
-    case SoDepthBufferElement::LESS: return GL_LESS;
-    case SoDepthBufferElement::EQUAL: return GL_EQUAL;
-    case SoDepthBufferElement::LEQUAL: return GL_LEQUAL;
-    case SoDepthBufferElement::GREATER: return GL_GREATER;
-    case SoDepthBufferElement::NOTEQUAL: return GL_NOTEQUAL;
-    case SoDepthBufferElement::GEQUAL: return GL_GEQUAL;
-    case SoDepthBufferElement::ALWAYS: return GL_ALWAYS;
-  }
-  return GL_LESS;
-}
-
-void sendDepth(SoState* state) {
-  bool test = true, write = true;
-  SoDepthBufferElement::DepthWriteFunctions function = SoDepthBufferElement::LESS;
-  SbVec2f range(0.0f, 1.0f);
-  SoDepthBufferElement::get(state, test, write, function, range);
-  if (test)
-    glEnable(GL_DEPTH_TEST);
-  else
-    glDisable(GL_DEPTH_TEST);
-  glDepthMask(write ? GL_TRUE : GL_FALSE);
-  glDepthFunc(depthFunction(function));
-  glDepthRange(range[0], range[1]);
-}
-
-// Back faces are culled for solid shapes whose vertex ordering is known;
-// faces of other shapes with a known ordering are lit on both sides.
-void sendShapeHints(SoState* state) {
-  SoShapeHintsElement::VertexOrderings ordering;
-  SoShapeHintsElement::ShapeTypes shapeType;
-  SoShapeHintsElement::FaceTypes faceType;
-  SoShapeHintsElement::get(state, ordering, shapeType, faceType);
-  const bool known = ordering == SoShapeHintsElement::CLOCKWISE || ordering == SoShapeHintsElement::COUNTERCLOCKWISE;
-  glFrontFace(ordering == SoShapeHintsElement::CLOCKWISE ? GL_CW : GL_CCW);
-  if (known && shapeType == SoShapeHintsElement::SOLID) {
-    glEnable(GL_CULL_FACE);
-    glCullFace(GL_BACK);
-  } else {
-    glDisable(GL_CULL_FACE);
-  }
-  glLightModeli(GL_LIGHT_MODEL_TWO_SIDE, known && shapeType != SoShapeHintsElement::SOLID ? GL_TRUE : GL_FALSE);
-}
-
-void sendDrawStyle(SoState* state) {
-  switch (SoDrawStyleElement::get(state)) {
-    case SoDrawStyleElement::LINES: glPolygonMode(GL_FRONT_AND_BACK, GL_LINE); break;
-    case SoDrawStyleElement::POINTS: glPolygonMode(GL_FRONT_AND_BACK, GL_POINT); break;
-    default: glPolygonMode(GL_FRONT_AND_BACK, GL_FILL); break;
-  }
-  const float width = SoLineWidthElement::get(state);
-  glLineWidth(width > 0.0f ? width : 1.0f);
-  const float size = SoPointSizeElement::get(state);
-  glPointSize(size > 0.0f ? size : 1.0f);
-}
 
 void setColor4(GLenum face, GLenum pname, const SbColor& c, float alpha) {
   const GLfloat v[4] = {c[0], c[1], c[2], alpha};
@@ -127,11 +65,13 @@ bool isAdditive(SoGLRenderAction::TransparencyType type) {
 // Blending for transparent vertices. The destination alpha accumulates
 // coverage (source alpha over what was there), so that a picture read
 // with alpha shows where something was drawn.
-void sendBlending(bool transparent, SoGLRenderAction::TransparencyType type) {
+void sendBlending(bool transparent, const GLDrawSettings& settings) {
+  const SoGLRenderAction::TransparencyType type = settings.transparency;
   if (!transparent) {
     glDisable(GL_BLEND);
     return;
   }
+  if (settings.keepDepthForTransparent) glDepthMask(GL_FALSE);
   glEnable(GL_BLEND);
   if (isAdditive(type))
     glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
@@ -139,27 +79,65 @@ void sendBlending(bool transparent, SoGLRenderAction::TransparencyType type) {
     glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
 }
 
-void drawArray(SoState* state, const GLVertexArray& array, GLenum mode, bool lit,
-               const GLDrawSettings& settings) {
+// Depth writes as the depth-buffer element has them, after a transparent
+// shape drawn without.
+void restoreDepthWrites(SoState* state) {
+  bool test = true, write = true;
+  SoDepthBufferElement::DepthWriteFunctions function = SoDepthBufferElement::LESS;
+  SbVec2f range(0.0f, 1.0f);
+  SoDepthBufferElement::get(state, test, write, function, range);
+  glDepthMask(write ? GL_TRUE : GL_FALSE);
+}
+
+// Whether every vertex takes the same diffuse colour and transparency
+// (one of each in the material), so that one colour serves the shape.
+bool singleMaterial(SoState* state) {
+  const SoLazyElement* lazy = SoLazyElement::getInstance(state);
+  return !lazy || (lazy->getNumDiffuse() <= 1 && lazy->getNumTransparencies() <= 1);
+}
+
+// Points OpenGL at an array: in the buffer object when one can be used,
+// else in client memory.
+template <typename Pointer>
+void arrayPointer(GLBufferObject& buffer, const std::vector<float>& values, Pointer&& point) {
+  if (buffer.bind(values.data(), values.size() * sizeof(float))) {
+    point(nullptr);
+    glBindBuffer(GL_ARRAY_BUFFER, 0);
+  } else {
+    point(values.data());
+  }
+}
+
+void drawArray(SoState* state, GLVertexArray& array, GLenum mode, bool lit, const GLDrawSettings& settings) {
   if (array.size() == 0) return;
   if (lit)
     glEnable(GL_LIGHTING);
   else
     glDisable(GL_LIGHTING);
-  std::vector<float> colors;
   const bool opaque = settings.transparency == SoGLRenderAction::NOTRANSPARENCY;
-  sendBlending(vertexColors(state, array, opaque, colors), settings.transparency);
+  std::vector<float> colors;
+  if (singleMaterial(state)) {
+    const SbColor& c = SoLazyElement::getDiffuse(state, 0);
+    const float alpha = opaque ? 1.0f : 1.0f - std::clamp(SoLazyElement::getTransparency(state, 0), 0.0f, 1.0f);
+    sendBlending(alpha < 1.0f, settings);
+    glDisableClientState(GL_COLOR_ARRAY);
+    glColor4f(c[0], c[1], c[2], alpha);
+  } else {
+    sendBlending(vertexColors(state, array, opaque, colors), settings);
+    glEnableClientState(GL_COLOR_ARRAY);
+    glColorPointer(4, GL_FLOAT, 0, colors.data());
+  }
   glEnableClientState(GL_VERTEX_ARRAY);
-  glVertexPointer(3, GL_FLOAT, 0, array.positions.data());
-  glEnableClientState(GL_COLOR_ARRAY);
-  glColorPointer(4, GL_FLOAT, 0, colors.data());
+  arrayPointer(*array.positionBuffer, array.positions,
+               [](const void* p) { glVertexPointer(3, GL_FLOAT, 0, p); });
   if (lit) {
     glEnableClientState(GL_NORMAL_ARRAY);
-    glNormalPointer(GL_FLOAT, 0, array.normals.data());
+    arrayPointer(*array.normalBuffer, array.normals, [](const void* p) { glNormalPointer(GL_FLOAT, 0, p); });
   } else {
     glDisableClientState(GL_NORMAL_ARRAY);
   }
   glDrawArrays(mode, 0, static_cast<GLsizei>(array.size()));
+  if (settings.keepDepthForTransparent) restoreDepthWrites(state);
   glDisableClientState(GL_NORMAL_ARRAY);
   glDisableClientState(GL_COLOR_ARRAY);
   glDisableClientState(GL_VERTEX_ARRAY);
@@ -167,18 +145,28 @@ void drawArray(SoState* state, const GLVertexArray& array, GLenum mode, bool lit
 
 }  // namespace
 
-void drawShapeArrays(SoState* state, const GLShapeArrays& arrays, const GLDrawSettings& settings) {
+bool materialIsTransparent(SoState* state) {
+  const SoLazyElement* lazy = SoLazyElement::getInstance(state);
+  if (!lazy) return false;
+  const float* values = lazy->getTransparencyPointer();
+  if (!values) return false;
+  for (int32_t i = 0; i < lazy->getNumTransparencies(); ++i)
+    if (values[i] > 0.0f) return true;
+  return false;
+}
+
+void drawShapeArrays(SoState* state, GLShapeArrays& arrays, const GLDrawSettings& settings) {
   const bool phong = SoLazyElement::getLightModel(state) == SoLazyElement::PHONG;
   if (phong && settings.lights) sendLightSources(*settings.lights, settings.numLights);
   glMatrixMode(GL_PROJECTION);
-  glLoadMatrixf(&SoProjectionMatrixElement::get(state)[0][0]);
+  const SbMatrix projection = SoProjectionMatrixElement::get(state) * settings.pictureTransform;
+  glLoadMatrixf(&projection[0][0]);
   glMatrixMode(GL_MODELVIEW);
   const SbMatrix modelView = SoModelMatrixElement::get(state) * SoViewingMatrixElement::get(state);
   glLoadMatrixf(&modelView[0][0]);
 
-  sendDepth(state);
-  sendShapeHints(state);
-  sendDrawStyle(state);
+  // Depth, shape hints, draw style, line width and point size are the
+  // OpenGL elements' to send (see SoGLRenderAction).
   sendMaterial(state);
   drawArray(state, arrays.triangles, GL_TRIANGLES, phong, settings);
   drawArray(state, arrays.lines, GL_LINES, phong && arrays.lines.hasNormals, settings);

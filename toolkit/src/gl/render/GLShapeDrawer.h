@@ -17,8 +17,17 @@ struct GLDrawSettings {
   SoGLRenderAction::TransparencyType transparency = SoGLRenderAction::BLEND;
   const std::vector<GLLightSource>* lights = nullptr;
   int numLights = 0;
+  // Applied after the projection: a tile's part of the picture, a pass's
+  // sub-pixel shift.
+  SbMatrix pictureTransform = SbMatrix::identity();
+  // Transparent vertices leave the depth buffer as it is (the delayed
+  // transparent shapes).
+  bool keepDepthForTransparent = false;
 };
 
-void drawShapeArrays(SoState* state, const GLShapeArrays& arrays, const GLDrawSettings& settings);
+// Whether the current material has any transparency above 0.
+bool materialIsTransparent(SoState* state);
+
+void drawShapeArrays(SoState* state, GLShapeArrays& arrays, const GLDrawSettings& settings);
 
 }  // namespace orvex

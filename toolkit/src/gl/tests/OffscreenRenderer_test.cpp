@@ -141,16 +141,17 @@ TEST(OffscreenRenderer, RendersAPath) {
   path->unref();
 }
 
-TEST(OffscreenRenderer, MaximumResolutionIsReported) {
+TEST(OffscreenRenderer, MaximumResolutionIsReportedAndBoundsTheTileSize) {
   const SbVec2s max = SoOffscreenRenderer::getMaximumResolution();
   EXPECT_GE(max[0], 1024);
   EXPECT_GE(max[1], 1024);
-  Root root;
-  buildScene(root.node, SbColor(1.0f, 0.0f, 0.0f));
+  SoOffscreenRenderer r(SbViewportRegion(8, 8));
+  EXPECT_EQ(r.getMaxTileSize(), max);
+  r.setMaxTileSize(SbVec2s(100, 0));
+  EXPECT_EQ(r.getMaxTileSize(), SbVec2s(100, max[1]));
   if (max[0] < 32767) {
-    SoOffscreenRenderer r(SbViewportRegion(static_cast<short>(max[0] + 1), 1));
-    EXPECT_FALSE(r.render(root.node));
-    EXPECT_EQ(r.getBuffer(), nullptr);
+    r.setMaxTileSize(SbVec2s(static_cast<short>(max[0] + 1), 5));
+    EXPECT_EQ(r.getMaxTileSize(), SbVec2s(max[0], 5));
   }
 }
 
@@ -181,7 +182,7 @@ TEST(OffscreenRenderer, WritesPNGThatReadsBackTheSame) {
     std::remove(file.c_str());
     ASSERT_EQ(w, 12);
     ASSERT_EQ(h, 7);
-    ASSERT_EQ(c, static_cast<int>(components));
+    ASSERT_EQ(c, SoOffscreenRenderer::getNumComponents(components));
     // The file is top-down, the buffer bottom-up.
     const size_t stride = static_cast<size_t>(w * c);
     for (int y = 0; y < h; ++y) {

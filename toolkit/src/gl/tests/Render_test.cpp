@@ -28,40 +28,10 @@ namespace {
 
 const ::testing::Environment* const kEnv = ::testing::AddGlobalTestEnvironment(new gltest::DatabaseEnvironment);
 
-SoLightModel* baseColor() {
-  auto* m = new SoLightModel;
-  m->model = SoLightModel::BASE_COLOR;
-  return m;
-}
-
-SoMaterial* diffuse(float r, float g, float b) {
-  auto* m = new SoMaterial;
-  m->diffuseColor.setValue(r, g, b);
-  return m;
-}
-
-// An orthographic camera on the +z axis looking at the origin, showing
-// `height` units vertically.
-SoOrthographicCamera* orthoCamera(float height) {
-  auto* cam = new SoOrthographicCamera;
-  cam->position.setValue(0.0f, 0.0f, 10.0f);
-  cam->height = height;
-  cam->nearDistance = 1.0f;
-  cam->farDistance = 20.0f;
-  return cam;
-}
-
-// A quad in the plane z, corners (x0, y0) and (x1, y1), counterclockwise
-// seen from +z.
-void addQuad(SoSeparator* root, float x0, float y0, float x1, float y1, float z) {
-  auto* coords = new SoCoordinate3;
-  const float pts[4][3] = {{x0, y0, z}, {x1, y0, z}, {x1, y1, z}, {x0, y1, z}};
-  coords->point.setValues(0, 4, pts);
-  root->addChild(coords);
-  auto* faces = new SoFaceSet;
-  faces->numVertices.setValue(4);
-  root->addChild(faces);
-}
+using gltest::addQuad;
+using gltest::baseColor;
+using gltest::diffuse;
+using gltest::orthoCamera;
 
 TEST(Render, SphereCoversThePredictedDisc) {
   const int size = 200;
