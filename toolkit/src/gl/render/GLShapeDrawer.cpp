@@ -16,6 +16,7 @@
 #include <algorithm>
 
 #include "GLLights.h"
+#include "GLTextures.h"
 
 namespace orvex {
 
@@ -153,6 +154,7 @@ void drawArray(SoState* state, const GLVertexArray& array, GLenum mode, bool lit
   glVertexPointer(3, GL_FLOAT, 0, array.positions.data());
   glEnableClientState(GL_COLOR_ARRAY);
   glColorPointer(4, GL_FLOAT, 0, colors.data());
+  const GLTextureScope texture(state, array, !opaque);
   if (lit) {
     glEnableClientState(GL_NORMAL_ARRAY);
     glNormalPointer(GL_FLOAT, 0, array.normals.data());
