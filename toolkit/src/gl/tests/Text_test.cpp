@@ -228,3 +228,39 @@ TEST(Text, Text3FrontCoversTheAreaOfItsOutlines) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(Text, Text3FollowsFontAndStringEditsBetweenRenders) {
+  Root root;
+  addView(root.node);
+  addColor(root.node, 1, 1, 1);
+  auto* font = new SoFont;
+  font->size = 2.0f;
+  root->addChild(font);
+  // Room for two bold capitals of 4 units (80 pixels each at most).
+  auto* move = new SoTranslation;
+  move->translation.setValue(-4.0f, -1.0f, 0.0f);
+  root->addChild(move);
+  auto* text = new SoText3;
+  text->string = "B";
+  root->addChild(text);
+  SoOffscreenRenderer r(SbViewportRegion(kSize, kSize));
+  ASSERT_TRUE(r.render(root.node));
+  const int small = pixelsWhere(r, strongInk).count;
+  EXPECT_GT(small, 100);
+  // Twice the size: four times the area.
+  font->size = 4.0f;
+  ASSERT_TRUE(r.render(root.node));
+  EXPECT_NEAR(pixelsWhere(r, strongInk).count, 4.0 * small, 0.05 * 4.0 * small);
+  // Another font covers another area; another string too.
+  font->name = SbName("DejaVu Sans:Bold");
+  ASSERT_TRUE(r.render(root.node));
+  const int bold = pixelsWhere(r, strongInk).count;
+  EXPECT_GT(bold, 4.0 * small * 1.1);
+  text->string = "BB";
+  ASSERT_TRUE(r.render(root.node));
+  EXPECT_NEAR(pixelsWhere(r, strongInk).count, 2.0 * bold, 0.02 * 2.0 * bold);
+}
+
+}  // namespace

@@ -327,12 +327,22 @@ TEST_F(TextureTextNodes, GlyphTrianglesCoverTheOutlineArea) {
   // Unknown names fall back to DejaVu Sans; classic names find DejaVu families.
   EXPECT_EQ(orvex::text::Font::find(SbName("No Such Font"))->path(), font->path());
   EXPECT_NE(orvex::text::Font::find(SbName("Courier"))->path().find("DejaVuSansMono"), std::string::npos);
-  for (const char32_t c : {U'O', U'A', U'B', U'8', U'g', U'%', U'@', U'e'}) {
-    const auto glyph = font->outline(font->glyphIndex(c), 6);
-    double outline = 0.0;
-    for (const auto& contour : glyph->contours) outline += contourArea(contour);
-    EXPECT_GT(outline, 0.01) << "glyph " << static_cast<char>(c);
-    EXPECT_NEAR(triangleArea(*glyph), outline, outline * 1e-3) << "glyph " << static_cast<char>(c);
+  // Every printable ASCII glyph of the DejaVu families, curves cut
+  // coarsely and finely: the triangles fill exactly what the contours
+  // enclose (holes, and bold glyphs with two holes, included).
+  for (const char* name : {"DejaVu Sans", "DejaVu Sans:Bold", "DejaVu Serif", "DejaVu Serif:Bold", "DejaVu Sans Mono",
+                           "DejaVu Sans Mono:Bold"}) {
+    const auto face = orvex::text::Font::find(SbName(name));
+    for (char32_t c = U'!'; c <= U'~'; ++c) {
+      for (const int segments : {1, 4, 8}) {
+        const auto glyph = face->outline(face->glyphIndex(c), segments);
+        double outline = 0.0;
+        for (const auto& contour : glyph->contours) outline += contourArea(contour);
+        EXPECT_GT(outline, 0.001) << name << " '" << static_cast<char>(c) << "'";
+        EXPECT_NEAR(triangleArea(*glyph), outline, outline * 1e-4)
+            << name << " '" << static_cast<char>(c) << "', " << segments << " pieces per curve";
+      }
+    }
   }
 }
 

@@ -63,6 +63,20 @@ bool crossesAny(const SbVec2f& a, const SbVec2f& b, const Contour& c) {
   return false;
 }
 
+// Whether the direction from vertex i of a ring towards p leaves into the
+// filled side (the ring has its filled area on the left). Rings that touch
+// themselves at bridge vertices have several copies of a point; only one
+// copy's corner holds a given direction.
+bool locallyInside(const Contour& ring, size_t i, const SbVec2f& p) {
+  const size_t n = ring.size();
+  const SbVec2f& prev = ring[(i + n - 1) % n];
+  const SbVec2f& v = ring[i];
+  const SbVec2f& next = ring[(i + 1) % n];
+  if (cross(prev, v, next) >= 0) return cross(v, next, p) > 0 && cross(v, p, prev) > 0;
+  // A reflex corner: everything but the outer wedge from prev round to next.
+  return cross(v, prev, p) < 0 || cross(v, p, next) < 0;
+}
+
 // Joins a hole to the polygon around it by a pair of edges from the hole's
 // rightmost vertex to the nearest polygon vertex it sees, making one
 // polygon. `others` are the holes still to join (the bridge must not cross
@@ -78,6 +92,7 @@ void bridgeHole(Contour& polygon, const Contour& hole, const std::vector<const C
     const SbVec2f d = polygon[v] - from;
     const double distance = double(d[0]) * d[0] + double(d[1]) * d[1];
     if (best != polygon.size() && distance >= bestDistance) continue;
+    if (!locallyInside(polygon, v, from) || !locallyInside(hole, m, polygon[v])) continue;
     if (crossesAny(from, polygon[v], polygon) || crossesAny(from, polygon[v], hole)) continue;
     bool blocked = false;
     for (const Contour* other : others)
@@ -98,11 +113,18 @@ bool inTriangle(const SbVec2f& p, const SbVec2f& a, const SbVec2f& b, const SbVe
   return cross(a, b, p) >= 0 && cross(b, c, p) >= 0 && cross(c, a, p) >= 0;
 }
 
+bool strictlyInTriangle(const SbVec2f& p, const SbVec2f& a, const SbVec2f& b, const SbVec2f& c) {
+  return cross(a, b, p) > 0 && cross(b, c, p) > 0 && cross(c, a, p) > 0;
+}
+
 // Ear clipping of a counterclockwise polygon that may touch itself at the
 // bridge vertices (points at an ear's corners never block it).
+// Rounding can leave a polygon whose every corner has a point on an edge
+// of its ear: then points on the boundary no longer block (`strict`).
 void clipEars(const Contour& polygon, int base, std::vector<int>& triangles) {
   std::vector<int> rest(polygon.size());
   for (size_t i = 0; i < rest.size(); ++i) rest[i] = static_cast<int>(i);
+  bool strict = false;
   while (rest.size() > 3) {
     const size_t n = rest.size();
     bool clipped = false;
@@ -118,7 +140,7 @@ void clipEars(const Contour& polygon, int base, std::vector<int>& triangles) {
         for (size_t j = 0; j < n && empty; ++j) {
           const SbVec2f& p = polygon[static_cast<size_t>(rest[j])];
           if (p == a || p == b || p == c) continue;
-          if (inTriangle(p, a, b, c)) empty = false;
+          if (strict ? strictlyInTriangle(p, a, b, c) : inTriangle(p, a, b, c)) empty = false;
         }
       }
       if (!empty) continue;
@@ -127,7 +149,12 @@ void clipEars(const Contour& polygon, int base, std::vector<int>& triangles) {
       rest.erase(rest.begin() + static_cast<std::ptrdiff_t>(k));
       clipped = true;
     }
-    if (!clipped) return;  // self-crossing outline: what is left stays unfilled
+    if (clipped) {
+      strict = false;
+      continue;
+    }
+    if (strict) return;  // self-crossing outline: what is left stays unfilled
+    strict = true;
   }
   if (rest.size() == 3) {
     const SbVec2f& a = polygon[static_cast<size_t>(rest[0])];
