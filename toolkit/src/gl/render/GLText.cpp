@@ -26,7 +26,7 @@ namespace orvex {
 namespace {
 
 // Texts larger than this many pixels a side are cut.
-constexpr int kMaxTextPixels = 8192;
+constexpr int kMaxTextPixels = 4096;
 
 // The lines' glyphs composed into one coverage image (rows from the
 // bottom), placed relative to the origin's pixel.

@@ -264,3 +264,32 @@ TEST(Text, Text3FollowsFontAndStringEditsBetweenRenders) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(Text, Text2OfUnreasonableSizeIsDrawnBoundedOrNotAtAll) {
+  // A size beyond the largest drawn covers the picture up and right of
+  // the origin (pixel 10, 10), and nothing left of or below it.
+  Root root;
+  addView(root.node);
+  addColor(root.node, 1, 1, 1);
+  addFont(root.node, 1e30f);
+  auto* move = new SoTranslation;
+  move->translation.setValue(-4.5f, -4.5f, 0.0f);
+  root->addChild(move);
+  auto* text = new SoText2;
+  text->string = "HH";
+  root->addChild(text);
+  SoOffscreenRenderer r(SbViewportRegion(kSize, kSize));
+  ASSERT_TRUE(r.render(root.node));
+  const Region ink = pixelsWhere(r, anyInk);
+  EXPECT_GT(ink.count, 1000);
+  EXPECT_GE(ink.minX, 10);
+  EXPECT_GE(ink.minY, 9);
+  // NaN spacing places no line.
+  text->spacing = std::nanf("");
+  ASSERT_TRUE(r.render(root.node));
+  EXPECT_EQ(pixelsWhere(r, anyInk).count, 0);
+}
+
+}  // namespace

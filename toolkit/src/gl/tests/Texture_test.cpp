@@ -22,6 +22,7 @@
 #include <functional>
 #include <string>
 #include <unistd.h>
+#include <vector>
 
 #include "RenderTestSupport.h"
 
@@ -335,6 +336,33 @@ TEST(Texture, EditedImageIsDrawnAtTheNextRender) {
   texture->blendColor.setValue(0.0f, 0.0f, 0.0f);
   ASSERT_TRUE(renderer.render(root.node));
   EXPECT_NEAR(pixel(renderer, 16, 16)[0], 127, 1);  // white * (1 - 0.5) + black * 0.5
+}
+
+}  // namespace
+
+namespace {
+
+TEST(Texture, ImageWiderThanTheDriverTakesIsSampledDown) {
+  // Twice the widest texture Mesa's drivers take (16384).
+  const int width = 32768;
+  std::vector<unsigned char> row(static_cast<size_t>(width) * 3);
+  // Left half red, right half blue.
+  for (int x = 0; x < width; ++x) {
+    row[static_cast<size_t>(x) * 3 + 0] = x < width / 2 ? 255 : 0;
+    row[static_cast<size_t>(x) * 3 + 2] = x < width / 2 ? 0 : 255;
+  }
+  Root root;
+  buildSquareScene(root.node, [&](SoSeparator* r) {
+    auto* texture = new SoTexture2;
+    texture->image.setValue(SbVec2i32(width, 1), 3, row.data());
+    texture->minFilter = SoTexture2::NEAREST;
+    texture->magFilter = SoTexture2::NEAREST;
+    r->addChild(texture);
+  });
+  SoOffscreenRenderer renderer(SbViewportRegion(kSize, kSize));
+  ASSERT_TRUE(renderer.render(root.node));
+  EXPECT_EQ(pixel(renderer, 10, 32), (std::array<int, 4>{255, 0, 0, 255}));
+  EXPECT_EQ(pixel(renderer, 54, 32), (std::array<int, 4>{0, 0, 255, 255}));
 }
 
 }  // namespace

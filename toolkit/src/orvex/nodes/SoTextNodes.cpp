@@ -79,8 +79,13 @@ std::vector<std::array<SbVec3f, 4>> text2Corners(SoState* state, const SoText2* 
   const orvex::text::PixelText text = orvex::text::layoutPixelText(state, node);
   for (const auto& r : text.lineRects) {
     if (r[2] <= r[0]) continue;  // an empty line covers nothing
-    corners.push_back({placement.toObject(SbVec2f(r[0], r[1])), placement.toObject(SbVec2f(r[2], r[1])),
-                       placement.toObject(SbVec2f(r[2], r[3])), placement.toObject(SbVec2f(r[0], r[3]))});
+    const std::array<SbVec3f, 4> quad = {placement.toObject(SbVec2f(r[0], r[1])), placement.toObject(SbVec2f(r[2], r[1])),
+                                         placement.toObject(SbVec2f(r[2], r[3])), placement.toObject(SbVec2f(r[0], r[3]))};
+    // A degenerate view (a camera of no height) has no way back.
+    bool finite = true;
+    for (const SbVec3f& p : quad)
+      for (int i = 0; i < 3; ++i) finite = finite && std::isfinite(p[i]);
+    if (finite) corners.push_back(quad);
   }
   return corners;
 }
@@ -141,9 +146,12 @@ namespace {
 // The extrusion depth of 3D text, as a fraction of the font size.
 constexpr float kDepthPerSize = 0.2f;
 
+// The size of 3D text; 0 (no text) for sizes that are not finite.
 float fontSize(SoState* state) {
-  return state && state->isElementEnabled(SoFontSizeElement::getClassStackIndex()) ? SoFontSizeElement::get(state)
-                                                                                   : SoFontSizeElement::getDefault();
+  const float size = state && state->isElementEnabled(SoFontSizeElement::getClassStackIndex())
+                         ? SoFontSizeElement::get(state)
+                         : SoFontSizeElement::getDefault();
+  return std::isfinite(size) ? size : 0.0f;
 }
 
 std::shared_ptr<orvex::text::Font> currentFont(SoState* state) {
@@ -160,6 +168,7 @@ void SoText3::computeBBox(SoAction* action, SbBox3f& box, SbVec3f& center) {
   const auto font = currentFont(state);
   if (!font) return;
   const float size = fontSize(state);
+  if (size == 0.0f || !std::isfinite(spacing.getValue())) return;
   const auto layout = orvex::text::layoutText(*font, string, spacing.getValue(),
                                               orvex::text::justifyFromField(justification.getValue()));
   if (layout.bounds.isEmpty()) return;
@@ -176,6 +185,7 @@ void SoText3::generatePrimitives(SoAction* action) {
   const auto font = currentFont(state);
   if (!font) return;
   const float size = fontSize(state);
+  if (size == 0.0f || !std::isfinite(spacing.getValue())) return;
   const int p = parts.getValue();
   const float depth = kDepthPerSize * size;
   // Material per part: front 0, sides 1, back 2.

@@ -18,6 +18,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <string>
 
 #include "TestSupport.h"
@@ -275,6 +276,36 @@ TEST_F(TextureTextNodes, Text2BoxIsItsScreenRectangleAtTheOriginDepth) {
   EXPECT_GT(box.getMin()[1], 1.0f - 0.4f);
   EXPECT_GT(box.getMax()[1], 1.0f + 0.7f);
   EXPECT_LT(box.getMax()[1], 1.0f + 1.3f);
+}
+
+TEST_F(TextureTextNodes, TextOfUnreasonableSizesHasNoExtentOrABoundedOne) {
+  const float nan = std::nanf("");
+  EXPECT_TRUE(text3Box("WW", nan).isEmpty());
+  EXPECT_TRUE(text3Box("WW", std::numeric_limits<float>::infinity()).isEmpty());
+  // Screen-aligned text: a size beyond the largest drawn, NaN spacing,
+  // a camera of no height.
+  for (const float height : {10.0f, 0.0f}) {
+    auto root = make(new SoSeparator);
+    auto* camera = new SoOrthographicCamera;
+    camera->height = height;
+    root->addChild(camera);
+    auto* font = new SoFont;
+    font->size = 1e30f;
+    root->addChild(font);
+    auto* text2 = new SoText2;
+    text2->string.set1Value(0, "huge");
+    text2->string.set1Value(1, "lines");
+    text2->spacing = nan;
+    root->addChild(text2);
+    SoGetBoundingBoxAction action(SbViewportRegion(200, 200));
+    action.apply(root.get());
+    const SbBox3f box = action.getBoundingBox();
+    if (box.isEmpty()) continue;
+    for (int i = 0; i < 3; ++i) {
+      EXPECT_TRUE(std::isfinite(box.getMin()[i]));
+      EXPECT_TRUE(std::isfinite(box.getMax()[i]));
+    }
+  }
 }
 
 double triangleArea(const orvex::text::TessellatedGlyph& g) {

@@ -131,9 +131,14 @@ unsigned Font::glyphIndex(char32_t c) const {
 
 float Font::advance(unsigned glyph) const {
   std::lock_guard<std::mutex> lock(m_mutex);
+  auto it = m_advances.find(glyph);
+  if (it != m_advances.end()) return it->second;
   const FT_Face f = m_face->face;
-  if (FT_Load_Glyph(f, glyph, FT_LOAD_NO_SCALE | FT_LOAD_NO_HINTING | FT_LOAD_NO_BITMAP) != 0) return 0.0f;
-  return float(f->glyph->metrics.horiAdvance) / float(f->units_per_EM);
+  float advance = 0.0f;
+  if (FT_Load_Glyph(f, glyph, FT_LOAD_NO_SCALE | FT_LOAD_NO_HINTING | FT_LOAD_NO_BITMAP) == 0)
+    advance = float(f->glyph->metrics.horiAdvance) / float(f->units_per_EM);
+  m_advances.emplace(glyph, advance);
+  return advance;
 }
 
 float Font::kerning(unsigned left, unsigned right) const {

@@ -67,6 +67,7 @@ class Font {
   float m_descent = 0.2f;
   mutable std::mutex m_mutex;  // a FreeType face serves one call at a time
   mutable std::map<std::pair<unsigned, int>, std::shared_ptr<const TessellatedGlyph>> m_outlines;
+  mutable std::map<unsigned, float> m_advances;  // layout asks for them on every traversal
 };
 
 // The font files installed, by name: the file whose base name, lower case

@@ -9,6 +9,7 @@
 #include <Orvex/misc/SoState.h>
 #include <Orvex/nodes/SoText2.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace orvex {
@@ -43,15 +44,22 @@ SbVec3f ScreenPlacement::toObject(const SbVec2f& offset) const {
 PixelText layoutPixelText(SoState* state, const SoText2* node) {
   PixelText out;
   out.font = Font::find(SoFontNameElement::get(state));
-  out.pixelSize = static_cast<int>(std::lround(SoFontSizeElement::get(state)));
-  if (!out.font || out.pixelSize < 1) return out;
+  const float requested = SoFontSizeElement::get(state);
+  if (!out.font || !(requested >= 0.5f)) return out;  // NaN too
+  out.pixelSize = requested > kMaxPixelSize ? kMaxPixelSize : static_cast<int>(std::lround(requested));
   const float size = static_cast<float>(out.pixelSize);
   out.layout = layoutText(*out.font, node->string, node->spacing.getValue(), justifyFromField(node->justification.getValue()));
-  for (PlacedGlyph& g : out.layout.glyphs) g.pen.setValue(std::round(g.pen[0] * size), std::round(g.pen[1] * size));
+  const auto reachable = [](float v) { return std::fabs(v) <= kMaxPixelOffset; };  // false for NaN
+  auto& glyphs = out.layout.glyphs;
+  for (PlacedGlyph& g : glyphs) g.pen.setValue(std::round(g.pen[0] * size), std::round(g.pen[1] * size));
+  glyphs.erase(std::remove_if(glyphs.begin(), glyphs.end(),
+                              [&](const PlacedGlyph& g) { return !reachable(g.pen[0]) || !reachable(g.pen[1]); }),
+               glyphs.end());
   for (size_t line = 0; line < out.layout.baseline.size(); ++line) {
     const float left = std::round(out.layout.lineLeft[line] * size);
     const float baseline = std::round(out.layout.baseline[line] * size);
     const float width = std::round(out.layout.lineWidth[line] * size);
+    if (!reachable(left) || !reachable(baseline) || !reachable(left + width)) continue;
     out.lineRects.push_back({left, baseline - std::ceil(out.font->descent() * size), left + width,
                              baseline + std::ceil(out.font->ascent() * size)});
   }

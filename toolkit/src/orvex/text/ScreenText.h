@@ -43,6 +43,11 @@ class ScreenPlacement {
   SbMatrix m_worldToObject;
 };
 
+// Font sizes of screen-aligned text beyond this many pixels are drawn at it.
+constexpr int kMaxPixelSize = 1024;
+// Glyphs further than this many pixels from the origin are left out.
+constexpr float kMaxPixelOffset = 65536.0f;
+
 // A text node's lines in the state's font, in pixels: pens rounded to
 // whole pixels relative to the origin.
 struct PixelText {
