@@ -6,12 +6,14 @@
 #include <Orvex/nodes/SoCoordinate3.h>
 #include <Orvex/nodes/SoCube.h>
 #include <Orvex/nodes/SoFaceSet.h>
+#include <Orvex/nodes/SoIndexedFaceSet.h>
 #include <Orvex/nodes/SoLightModel.h>
 #include <Orvex/nodes/SoMaterial.h>
 #include <Orvex/nodes/SoOrthographicCamera.h>
 #include <Orvex/nodes/SoTexture2.h>
 #include <Orvex/nodes/SoTexture2Transform.h>
 #include <Orvex/nodes/SoTextureCoordinate2.h>
+#include <Orvex/nodes/SoTextureCoordinateBinding.h>
 
 #include <png.h>
 
@@ -363,6 +365,53 @@ TEST(Texture, ImageWiderThanTheDriverTakesIsSampledDown) {
   ASSERT_TRUE(renderer.render(root.node));
   EXPECT_EQ(pixel(renderer, 10, 32), (std::array<int, 4>{255, 0, 0, 255}));
   EXPECT_EQ(pixel(renderer, 54, 32), (std::array<int, 4>{0, 0, 255, 255}));
+}
+
+}  // namespace
+
+namespace {
+
+TEST(Texture, BindingChoosesBetweenIndicesAndOrder) {
+  // Coordinates in order, texture coordinate indices that mirror s: the
+  // indices count with PER_VERTEX_INDEXED, the order with PER_VERTEX.
+  for (const auto binding : {SoTextureCoordinateBinding::PER_VERTEX_INDEXED, SoTextureCoordinateBinding::PER_VERTEX}) {
+    Root root;
+    auto* camera = new SoOrthographicCamera;
+    camera->position.setValue(0.0f, 0.0f, 5.0f);
+    camera->height = 2.0f;
+    root->addChild(camera);
+    auto* model = new SoLightModel;
+    model->model = SoLightModel::BASE_COLOR;
+    root->addChild(model);
+    auto* white = new SoMaterial;
+    white->diffuseColor.setValue(1.0f, 1.0f, 1.0f);
+    root->addChild(white);
+    root->addChild(fourTexelTexture());
+    auto* st = new SoTextureCoordinate2;
+    const float points[4][2] = {{0, 0}, {1, 0}, {1, 1}, {0, 1}};
+    st->point.setValues(0, 4, points);
+    root->addChild(st);
+    auto* bind = new SoTextureCoordinateBinding;
+    bind->value = binding;
+    root->addChild(bind);
+    auto* coords = new SoCoordinate3;
+    const float pts[4][3] = {{-1, -1, 0}, {1, -1, 0}, {1, 1, 0}, {-1, 1, 0}};
+    coords->point.setValues(0, 4, pts);
+    root->addChild(coords);
+    auto* face = new SoIndexedFaceSet;
+    const int32_t indices[5] = {0, 1, 2, 3, -1};
+    const int32_t mirrored[5] = {1, 0, 3, 2, -1};
+    face->coordIndex.setValues(0, 5, indices);
+    face->textureCoordIndex.setValues(0, 5, mirrored);
+    root->addChild(face);
+    SoOffscreenRenderer renderer(SbViewportRegion(kSize, kSize));
+    ASSERT_TRUE(renderer.render(root.node));
+    SCOPED_TRACE(binding == SoTextureCoordinateBinding::PER_VERTEX ? "PER_VERTEX" : "PER_VERTEX_INDEXED");
+    if (binding == SoTextureCoordinateBinding::PER_VERTEX)
+      checkAllPixels(renderer, identity, texel);
+    else
+      checkAllPixels(renderer, [](SbVec2f st) { return SbVec2f(1.0f - st[0], st[1]); }, texel);
+  }
 }
 
 }  // namespace

@@ -308,6 +308,42 @@ TEST_F(TextureTextNodes, TextOfUnreasonableSizesHasNoExtentOrABoundedOne) {
   }
 }
 
+TEST_F(TextureTextNodes, Text2IsPickedWhereItShowsOnTheScreen) {
+  // 20 pixels per unit; the origin (1, -1, 2) shows at pixel (120, 80).
+  auto root = make(new SoSeparator);
+  auto* camera = new SoOrthographicCamera;
+  camera->position.setValue(0.0f, 0.0f, 10.0f);
+  camera->height = 10.0f;
+  root->addChild(camera);
+  auto* move = new SoTranslation;
+  move->translation.setValue(1.0f, -1.0f, 2.0f);
+  root->addChild(move);
+  auto* font = new SoFont;
+  font->size = 20.0f;
+  root->addChild(font);
+  auto* text2 = new SoText2;
+  text2->string = "Pick";
+  root->addChild(text2);
+  const auto pickAt = [&](short x, short y, SbVec3f& point) {
+    SoRayPickAction pick(SbViewportRegion(200, 200));
+    pick.setPoint(SbVec2s(x, y));
+    pick.apply(root.get());
+    const SoPickedPoint* pp = pick.getPickedPoint();
+    if (pp) point = pp->getPoint();
+    return pp != nullptr;
+  };
+  SbVec3f point;
+  // Inside the first glyph's cell: the point lies on the text's plane.
+  ASSERT_TRUE(pickAt(125, 85, point));
+  EXPECT_NEAR(point[0], 1.0f + 5.0f / 20.0f, 0.03f);
+  EXPECT_NEAR(point[1], -1.0f + 5.0f / 20.0f, 0.03f);
+  EXPECT_NEAR(point[2], 2.0f, 1e-4f);
+  // Left of the origin, above the ascent, past four ems: nothing.
+  EXPECT_FALSE(pickAt(115, 85, point));
+  EXPECT_FALSE(pickAt(125, 80 + 30, point));
+  EXPECT_FALSE(pickAt(120 + 4 * 20 + 5, 85, point));
+}
+
 double triangleArea(const orvex::text::TessellatedGlyph& g) {
   double area = 0.0;
   for (size_t t = 0; t + 2 < g.triangles.size(); t += 3) {
