@@ -10,7 +10,10 @@
 // font at its size (object units per em), one line per string, the first
 // baseline on the x axis. FRONT faces +z; BACK lies a fifth of the font
 // size behind, facing -z; SIDES join the two along the outlines. Lines are
-// `spacing` times the font size apart.
+// `spacing` times the font size apart. Texture coordinates are the
+// position in ems (s right, t up from the first baseline's origin); with a
+// material binding other than OVERALL the front takes material 0, the
+// sides 1 and the back 2. Curves are cut more finely with more complexity.
 class SoText3 : public SoShape {
   SO_NODE_HEADER(SoText3);
 

@@ -15,6 +15,24 @@
 
 // ---- SoTexture2 ------------------------------------------------------------------------
 
+// The node's enumerations pass into the element as they are.
+static_assert(int(SoTexture2::REPEAT) == int(SoTextureImageElement::REPEAT) &&
+                  int(SoTexture2::CLAMP) == int(SoTextureImageElement::CLAMP),
+              "wrap values differ");
+static_assert(int(SoTexture2::MODULATE) == int(SoTextureImageElement::MODULATE) &&
+                  int(SoTexture2::DECAL) == int(SoTextureImageElement::DECAL) &&
+                  int(SoTexture2::BLEND) == int(SoTextureImageElement::BLEND) &&
+                  int(SoTexture2::REPLACE) == int(SoTextureImageElement::REPLACE),
+              "model values differ");
+static_assert(int(SoTexture2::AUTO) == int(SoTextureImageElement::AUTO) &&
+                  int(SoTexture2::NEAREST) == int(SoTextureImageElement::NEAREST) &&
+                  int(SoTexture2::LINEAR) == int(SoTextureImageElement::LINEAR),
+              "filter values differ");
+static_assert(int(SoTextureCoordinateBinding::PER_VERTEX) == int(SoTextureCoordinateBindingElement::PER_VERTEX) &&
+                  int(SoTextureCoordinateBinding::PER_VERTEX_INDEXED) ==
+                      int(SoTextureCoordinateBindingElement::PER_VERTEX_INDEXED),
+              "binding values differ");
+
 SO_NODE_SOURCE(SoTexture2)
 
 SoTexture2::SoTexture2() : m_fileImage(std::make_unique<orvex::TextureFileImage>()) {
