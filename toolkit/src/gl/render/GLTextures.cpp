@@ -83,13 +83,14 @@ void uploadTexture(const unsigned char* pixels, int width, int height, int nc) {
 
 bool GLTextureLease::lookUp(const void* owner, uint64_t version) {
   GLShareGroup* group = currentShareGroup();
-  if (!group) return false;
+  if (!group || !owner) return false;
   m_texture = group->textures.find(owner, version);
   return m_texture.texture != 0;
 }
 
 void GLTextureLease::keep(const void* owner, uint64_t version) {
-  if (GLShareGroup* group = currentShareGroup())
+  GLShareGroup* group = currentShareGroup();
+  if (group && owner)
     group->textures.store(owner, version, m_texture);
   else
     m_owned = true;

@@ -22,8 +22,8 @@ void uploadTexture(const unsigned char* pixels, int width, int height, int numCo
 
 // The texture for `owner` at `version`: from the cache of the current
 // context's group, or made with `make` (which fills the bound texture and
-// answers the placement). Without a group to keep it in, the texture is
-// deleted when the lease goes.
+// answers the placement). Without a group to keep it in, or without an
+// owner to know it by, the texture is deleted when the lease goes.
 class GLTextureLease {
  public:
   template <class Make>

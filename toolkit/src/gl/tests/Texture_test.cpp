@@ -415,3 +415,30 @@ TEST(Texture, BindingChoosesBetweenIndicesAndOrder) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(Texture, EachContextGetsItsOwnTextureObject) {
+  // Two renderers, two contexts sharing nothing: a texture object made in
+  // one means nothing in the other.
+  Root root;
+  SoTexture2* texture = fourTexelTexture();
+  buildSquareScene(root.node, [&](SoSeparator* r) { r->addChild(texture); });
+  SoOffscreenRenderer first(SbViewportRegion(kSize, kSize));
+  SoOffscreenRenderer second(SbViewportRegion(kSize, kSize));
+  for (int round = 0; round < 2; ++round) {
+    ASSERT_TRUE(first.render(root.node));
+    ASSERT_TRUE(second.render(root.node));
+    SCOPED_TRACE(round);
+    checkAllPixels(first, identity, texel);
+    checkAllPixels(second, identity, texel);
+  }
+  const unsigned char grey[1] = {64};
+  texture->image.setValue(SbVec2i32(1, 1), 1, grey);
+  ASSERT_TRUE(second.render(root.node));
+  ASSERT_TRUE(first.render(root.node));
+  EXPECT_EQ(pixel(first, 16, 16), (std::array<int, 4>{64, 64, 64, 255}));
+  EXPECT_EQ(pixel(second, 48, 48), (std::array<int, 4>{64, 64, 64, 255}));
+}
+
+}  // namespace
