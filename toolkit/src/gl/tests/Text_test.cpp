@@ -10,6 +10,7 @@
 #include <Orvex/nodes/SoLightModel.h>
 #include <Orvex/nodes/SoMaterial.h>
 #include <Orvex/nodes/SoOrthographicCamera.h>
+#include <Orvex/nodes/SoPerspectiveCamera.h>
 #include <Orvex/nodes/SoText2.h>
 #include <Orvex/nodes/SoText3.h>
 #include <Orvex/nodes/SoTranslation.h>
@@ -290,6 +291,40 @@ TEST(Text, Text2OfUnreasonableSizeIsDrawnBoundedOrNotAtAll) {
   text->spacing = std::nanf("");
   ASSERT_TRUE(r.render(root.node));
   EXPECT_EQ(pixelsWhere(r, anyInk).count, 0);
+}
+
+}  // namespace
+
+namespace {
+
+TEST(Text, Text2UnderPerspectiveSitsAtTheProjectedOrigin) {
+  // A camera 10 units away with a 45 degree view over 200 pixels: the
+  // point (1, 1, 0) shows 100 / (10 tan 22.5 degrees) = 24.1 pixels right
+  // of and above the centre, at pixel (124, 124).
+  Root root;
+  auto* camera = new SoPerspectiveCamera;
+  camera->position.setValue(0.0f, 0.0f, 10.0f);
+  camera->heightAngle = static_cast<float>(M_PI / 4.0);
+  camera->nearDistance = 1.0f;
+  camera->farDistance = 20.0f;
+  root->addChild(camera);
+  addColor(root.node, 1, 1, 1);
+  addFont(root.node, 20.0f);
+  auto* move = new SoTranslation;
+  move->translation.setValue(1.0f, 1.0f, 0.0f);
+  root->addChild(move);
+  auto* text = new SoText2;
+  text->string = "HH";
+  root->addChild(text);
+  SoOffscreenRenderer r(SbViewportRegion(kSize, kSize));
+  ASSERT_TRUE(r.render(root.node));
+  const Region ink = pixelsWhere(r, anyInk);
+  EXPECT_GT(ink.count, 50);
+  // The H stands on the baseline, a pixel or two right of its pen.
+  EXPECT_GE(ink.minX, 124);
+  EXPECT_LE(ink.minX, 128);
+  EXPECT_EQ(ink.minY, 124);
+  EXPECT_LE(ink.maxY, 124 + 16);
 }
 
 }  // namespace

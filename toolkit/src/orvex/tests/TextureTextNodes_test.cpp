@@ -7,6 +7,7 @@
 #include <Orvex/actions/SoRayPickAction.h>
 #include <Orvex/nodes/SoFont.h>
 #include <Orvex/nodes/SoOrthographicCamera.h>
+#include <Orvex/nodes/SoPerspectiveCamera.h>
 #include <Orvex/nodes/SoText2.h>
 #include <Orvex/nodes/SoText3.h>
 #include <Orvex/nodes/SoTexture2.h>
@@ -342,6 +343,33 @@ TEST_F(TextureTextNodes, Text2IsPickedWhereItShowsOnTheScreen) {
   EXPECT_FALSE(pickAt(115, 85, point));
   EXPECT_FALSE(pickAt(125, 80 + 30, point));
   EXPECT_FALSE(pickAt(120 + 4 * 20 + 5, 85, point));
+}
+
+TEST_F(TextureTextNodes, Text2UnderPerspectiveIsPickedAtTheOriginDepth) {
+  // A camera 10 units away with a 45 degree view: one pixel of 200 spans
+  // 2 * 10 * tan(22.5 degrees) / 200 units at the origin's depth.
+  auto root = make(new SoSeparator);
+  auto* camera = new SoPerspectiveCamera;
+  camera->position.setValue(0.0f, 0.0f, 10.0f);
+  camera->heightAngle = static_cast<float>(M_PI / 4.0);
+  root->addChild(camera);
+  auto* font = new SoFont;
+  font->size = 20.0f;
+  root->addChild(font);
+  auto* text2 = new SoText2;
+  text2->string = "Pick";
+  root->addChild(text2);
+  SoRayPickAction pick(SbViewportRegion(200, 200));
+  pick.setPoint(SbVec2s(105, 105));
+  pick.apply(root.get());
+  const SoPickedPoint* pp = pick.getPickedPoint();
+  ASSERT_NE(pp, nullptr);
+  const double unitsPerPixel = 2.0 * 10.0 * std::tan(M_PI / 8.0) / 200.0;
+  // The pick ray of pixel (105, 105) passes 5 pixels right of and above
+  // the view's centre (pixel 100), where the origin shows.
+  EXPECT_NEAR(pp->getPoint()[0], 5.0 * unitsPerPixel, 1e-3);
+  EXPECT_NEAR(pp->getPoint()[1], 5.0 * unitsPerPixel, 1e-3);
+  EXPECT_NEAR(pp->getPoint()[2], 0.0f, 1e-4f);
 }
 
 double triangleArea(const orvex::text::TessellatedGlyph& g) {
