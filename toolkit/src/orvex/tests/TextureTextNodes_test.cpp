@@ -245,6 +245,43 @@ TEST_F(TextureTextNodes, Text3PicksItsGlyphsAndNothingBeside) {
   EXPECT_FALSE(hit);
 }
 
+TEST_F(TextureTextNodes, Text3SidesAndBackLieAFifthOfTheSizeBehind) {
+  // An "I" of size 1 with every part: its bar's right side faces +x from
+  // z = 0 to z = -0.2, its back faces -z at z = -0.2.
+  auto root = make(new SoSeparator);
+  auto* font = new SoFont;
+  font->size = 1.0f;
+  root->addChild(font);
+  auto* text3 = new SoText3;
+  text3->string = "I";
+  text3->parts = SoText3::ALL;
+  root->addChild(text3);
+  const auto pick = [&](const SbVec3f& start, const SbVec3f& direction, SbVec3f& point, SbVec3f& normal) {
+    SoRayPickAction action(SbViewportRegion(100, 100));
+    action.setRay(start, direction);
+    action.apply(root.get());
+    const SoPickedPoint* pp = action.getPickedPoint();
+    if (!pp) return false;
+    point = pp->getPoint();
+    normal = pp->getNormal();
+    return true;
+  };
+  SbVec3f point, normal;
+  // From the right, half way up the capital, half way into the depth.
+  ASSERT_TRUE(pick(SbVec3f(10.0f, 0.35f, -0.1f), SbVec3f(-1, 0, 0), point, normal));
+  EXPECT_NEAR(normal[0], 1.0f, 1e-5f);
+  EXPECT_NEAR(point[2], -0.1f, 1e-5f);
+  EXPECT_GT(point[0], 0.0f);
+  EXPECT_LT(point[0], 1.0f);
+  // Behind the back, the ray from the right passes.
+  EXPECT_FALSE(pick(SbVec3f(10.0f, 0.35f, -0.3f), SbVec3f(-1, 0, 0), point, normal));
+  // From behind, the back is hit first.
+  const float x = point[0] - 0.02f;  // just inside the bar
+  ASSERT_TRUE(pick(SbVec3f(x, 0.35f, -5.0f), SbVec3f(0, 0, 1), point, normal));
+  EXPECT_NEAR(point[2], -0.2f, 1e-5f);
+  EXPECT_NEAR(normal[2], -1.0f, 1e-5f);
+}
+
 TEST_F(TextureTextNodes, Text2BoxIsItsScreenRectangleAtTheOriginDepth) {
   // 200 pixels show 10 units: 20 pixels per unit.
   auto root = make(new SoSeparator);
