@@ -13,6 +13,7 @@ packages=(
   clang-14 libclang-rt-14-dev
   libegl-dev libegl-mesa0 libgl-dev libgl1-mesa-dri libgles-dev libglu1-mesa-dev
   libpng-dev libjpeg62-turbo-dev
+  libfreetype-dev fonts-dejavu-core
 )
 
 missing=()

@@ -63,3 +63,7 @@ bool SoGLContext::isSharedWith(const SoGLContext* other) const {
 void SoGLContext::invalidateDisplay() { m_displayValid = false; }
 
 SoGLContext* SoGLContext::getCurrent() { return t_bound.empty() ? nullptr : t_bound.back(); }
+
+orvex::GLShareGroup* orvex::currentShareGroup() {
+  return t_bound.empty() ? nullptr : t_bound.back()->m_shareGroup.get();
+}

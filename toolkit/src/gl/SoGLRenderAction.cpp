@@ -20,6 +20,7 @@
 #include <Orvex/nodes/SoLight.h>
 #include <Orvex/nodes/SoNode.h>
 #include <Orvex/nodes/SoShape.h>
+#include <Orvex/nodes/SoText2.h>
 
 #include <GL/gl.h>
 
@@ -34,6 +35,7 @@
 #include "render/GLPassAccumulator.h"
 #include "render/GLRenderCaches.h"
 #include "render/GLShapeDrawer.h"
+#include "render/GLText.h"
 
 SO_ACTION_SOURCE(SoGLRenderAction)
 
@@ -61,6 +63,7 @@ void SoGLRenderAction::initClass() {
     SO_ACTION_ADD_METHOD(SoNode, &SoGLRenderAction::renderNode);
     SO_ACTION_ADD_METHOD(SoShape, &SoGLRenderAction::renderShape);
     SO_ACTION_ADD_METHOD(SoLight, &SoGLRenderAction::renderLight);
+    SO_ACTION_ADD_METHOD(SoText2, &orvex::renderText2);
     orvex::enableShapeElements<SoGLRenderAction>();
     SO_ENABLE(SoGLRenderAction, SoGLLightIdElement);
     // The OpenGL kinds of the shape elements take their places in the

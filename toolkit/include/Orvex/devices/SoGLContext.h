@@ -7,6 +7,7 @@
 namespace orvex {
 class GLPlatformContext;
 struct GLShareGroup;
+GLShareGroup* currentShareGroup();
 }  // namespace orvex
 
 // An OpenGL rendering context with the drawable it renders into. Contexts
@@ -67,6 +68,9 @@ class SoGLContext : public SoRefCounter {
   ~SoGLContext() override;
 
  private:
+  // The objects kept for the current context's group live in the group.
+  friend orvex::GLShareGroup* orvex::currentShareGroup();
+
   SoGLFormat m_format;
   std::unique_ptr<orvex::GLPlatformContext> m_platform;
   std::shared_ptr<orvex::GLShareGroup> m_shareGroup;

@@ -5,6 +5,8 @@
 #include <Orvex/elements/SoComplexityTypeElement.h>
 #include <Orvex/elements/SoCoordinateElement.h>
 #include <Orvex/elements/SoCreaseAngleElement.h>
+#include <Orvex/elements/SoFontNameElement.h>
+#include <Orvex/elements/SoFontSizeElement.h>
 #include <Orvex/elements/SoMaterialBindingElement.h>
 #include <Orvex/elements/SoNormalBindingElement.h>
 #include <Orvex/elements/SoNormalElement.h>
@@ -24,6 +26,8 @@ const int* dependencyStacks(int& count) {
       SoTextureCoordinateElement::getClassStackIndex(), SoTextureCoordinateBindingElement::getClassStackIndex(),
       SoShapeHintsElement::getClassStackIndex(),      SoCreaseAngleElement::getClassStackIndex(),
       SoComplexityElement::getClassStackIndex(),      SoComplexityTypeElement::getClassStackIndex(),
+      // Text takes its glyphs from the font.
+      SoFontNameElement::getClassStackIndex(),        SoFontSizeElement::getClassStackIndex(),
   };
   count = static_cast<int>(sizeof(stacks) / sizeof(stacks[0]));
   return stacks;

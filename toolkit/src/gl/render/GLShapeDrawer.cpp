@@ -12,6 +12,7 @@
 #include <algorithm>
 
 #include "GLLights.h"
+#include "GLTextures.h"
 
 namespace orvex {
 
@@ -130,6 +131,7 @@ void drawArray(SoState* state, GLVertexArray& array, GLenum mode, bool lit, cons
   glEnableClientState(GL_VERTEX_ARRAY);
   arrayPointer(*array.positionBuffer, array.positions,
                [](const void* p) { glVertexPointer(3, GL_FLOAT, 0, p); });
+  const GLTextureScope texture(state, array, !opaque);
   if (lit) {
     glEnableClientState(GL_NORMAL_ARRAY);
     arrayPointer(*array.normalBuffer, array.normals, [](const void* p) { glNormalPointer(GL_FLOAT, 0, p); });

@@ -28,6 +28,7 @@
 #include <Orvex/elements/SoShapeHintsElement.h>
 #include <Orvex/elements/SoTextureCoordinateBindingElement.h>
 #include <Orvex/elements/SoTextureCoordinateElement.h>
+#include <Orvex/elements/SoTextureImageElement.h>
 #include <Orvex/elements/SoTextureMatrixElement.h>
 #include <Orvex/elements/SoTextureQualityElement.h>
 #include <Orvex/elements/SoUnitsElement.h>
@@ -52,6 +53,7 @@ void enableShapeElements() {
   SO_ENABLE(Action, SoMaterialBindingElement);
   SO_ENABLE(Action, SoTextureCoordinateElement);
   SO_ENABLE(Action, SoTextureCoordinateBindingElement);
+  SO_ENABLE(Action, SoTextureImageElement);
   SO_ENABLE(Action, SoShapeHintsElement);
   SO_ENABLE(Action, SoCreaseAngleElement);
   SO_ENABLE(Action, SoComplexityElement);

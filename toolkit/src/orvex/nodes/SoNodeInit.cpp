@@ -11,6 +11,7 @@
 #include <Orvex/nodes/SoDepthBuffer.h>
 #include <Orvex/nodes/SoDirectionalLight.h>
 #include <Orvex/nodes/SoDrawStyle.h>
+#include <Orvex/nodes/SoFont.h>
 #include <Orvex/nodes/SoEventCallback.h>
 #include <Orvex/nodes/SoFaceSet.h>
 #include <Orvex/nodes/SoGroup.h>
@@ -45,7 +46,12 @@
 #include <Orvex/nodes/SoSphere.h>
 #include <Orvex/nodes/SoSpotLight.h>
 #include <Orvex/nodes/SoSwitch.h>
+#include <Orvex/nodes/SoText2.h>
+#include <Orvex/nodes/SoText3.h>
+#include <Orvex/nodes/SoTexture2.h>
+#include <Orvex/nodes/SoTexture2Transform.h>
 #include <Orvex/nodes/SoTextureCoordinate2.h>
+#include <Orvex/nodes/SoTextureCoordinateBinding.h>
 #include <Orvex/nodes/SoTransform.h>
 #include <Orvex/nodes/SoTransformSeparator.h>
 #include <Orvex/nodes/SoTransformation.h>
@@ -81,6 +87,10 @@ void SoNode::initClasses() {
   SoCoordinate3::initClass();
   SoNormal::initClass();
   SoTextureCoordinate2::initClass();
+  SoTextureCoordinateBinding::initClass();
+  SoTexture2::initClass();
+  SoTexture2Transform::initClass();
+  SoFont::initClass();
   SoDepthBuffer::initClass();
   SoCamera::initClass();
   SoPerspectiveCamera::initClass();
@@ -94,6 +104,8 @@ void SoNode::initClasses() {
   SoSphere::initClass();
   SoCone::initClass();
   SoCylinder::initClass();
+  SoText2::initClass();
+  SoText3::initClass();
   SoVertexShape::initClass();
   SoNonIndexedShape::initClass();
   SoPointSet::initClass();

@@ -31,3 +31,9 @@ orvex_add_gtest(orvex_services_tests
 target_include_directories(orvex_services_tests PRIVATE ${PROJECT_SOURCE_DIR}/toolkit/src/base/tests)
 target_compile_definitions(orvex_services_tests PRIVATE ORVEX_TEST_PLUGIN="$<TARGET_FILE:orvex_test_plugin>")
 add_dependencies(orvex_services_tests orvex_test_plugin)
+
+# The texture, font and text nodes (the font and tessellation internals too).
+orvex_add_gtest(orvex_texture_text_nodes_tests
+  SOURCES ${CMAKE_CURRENT_LIST_DIR}/TextureTextNodes_test.cpp
+  LIBS orvex)
+target_include_directories(orvex_texture_text_nodes_tests PRIVATE ${PROJECT_SOURCE_DIR}/toolkit/src/orvex)
