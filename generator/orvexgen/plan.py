@@ -81,6 +81,9 @@ class ClassPlan:
     extensible: bool = False
     to_array: bool = False    # an owned class whose objects arrive as arrays of copies (toArrayImpl)
     field_members: List[tuple] = field(default_factory=list)   # (name, Java field class) of a field container
+    # An owned class whose destructor is not public but that counts its own
+    # references (ref(), unref()): Java's reference is one count.
+    self_counted: bool = False
 
     @property
     def name(self) -> str:
@@ -158,7 +161,9 @@ def collect_wrapped(classes: Dict[str, CClass], all_rules: Dict[str, PackageRule
                 raise PlanError(f"{r.path}: {name} is declared in {cls.folder} (package {pkg})")
             if cls.outer and cls.outer not in r.classes:
                 raise PlanError(f"{r.path}: nested class {name} needs its enclosing class {cls.outer} in 'classes'")
-            if name in r.value:
+            if name in r.services:
+                out[name] = WrappedClass(name, pkg, "static")
+            elif name in r.value:
                 elem = _value_elem(classes, name)
                 length = cls.size // JAVA_ELEM_BYTES[elem]
                 if length * JAVA_ELEM_BYTES[elem] != cls.size:
@@ -216,7 +221,7 @@ def plan_class(name: str, classes: Dict[str, CClass], wrapped: Dict[str, Wrapped
             base_w = wrapped[b]
             java_base = base_w.qualified
             break
-    if not java_base and w.kind != "value":
+    if not java_base and w.kind not in ("value", "static"):
         java_base = "com.orvexa.orvex.misc.SoBase" if w.kind == "refcounted" else "com.orvexa.orvex.Orvex"
         if java_base == w.qualified:
             java_base = "com.orvexa.orvex.Orvex"   # the root of the reference-counted wrappers
@@ -228,6 +233,11 @@ def plan_class(name: str, classes: Dict[str, CClass], wrapped: Dict[str, Wrapped
 
     plan = ClassPlan(cls, w, rules, java_base, base_w, extensible=name in rules.extensible)
     plan.assumed_bytes = crules.assumed_bytes or cls.size
+    if w.kind == "owned" and not cls.has_public_dtor:
+        chain = [name] + [b for b in cparse.ancestors(classes, name) if b in classes]
+        members = [f for c in chain for f in classes[c].functions if f.access == "public" and not f.is_static]
+        plan.self_counted = any(f.name == "ref" and not f.params for f in members) and \
+            any(f.name == "unref" and all(p.has_default for p in f.params) for f in members)
     ctx = TypeContext(classes, wrapped, enums, w.package)
     ctx.owner = name
 
@@ -279,6 +289,8 @@ def plan_class(name: str, classes: Dict[str, CClass], wrapped: Dict[str, Wrapped
             m.skipped = "abstract class"
         elif f.access == "protected" and not plan.extensible:
             m.skipped = "protected member of a class Java does not extend"
+        elif w.kind == "static" and (f.is_ctor or not f.is_static):
+            m.skipped = "a class of static services has no Java objects"
         else:
             try:
                 _convert(m, plan, ctx, rules)
@@ -415,6 +427,8 @@ def _convert(m: Method, plan: ClassPlan, ctx: TypeContext, rules: PackageRules) 
             raise   # a package-wide rule that does not fit this class: not wrapped, as --report says
     else:
         m.result = ctx.result(f.result, plan.name, m.receiver)
+        if m.result.kind == "value" and any(a.conv.kind == "olist_out" for a in m.args):
+            raise Unsupported("a value result next to a list the toolkit fills")
         if m.operator and m.result.kind not in ("void", "self", "bool", "value", "prim", "handle_owned"):
             raise Unsupported(f"operator result {f.result.spelling}")
     if f.is_virtual and plan.extensible and f.access == "public" and not f.is_static:
@@ -491,21 +505,48 @@ def _buffer_count(params, i: int) -> Optional[int]:
     return None
 
 
+def _text_overload_of(m: Method, other: Method) -> bool:
+    """m differs from other only in taking SbString or SbName where other takes
+    const char* (the same Java String either way)."""
+    if len(m.args) != len(other.args):
+        return False
+    better = False
+    for a, b in zip(m.args, other.args):
+        ka, kb = a.conv.kind, b.conv.kind
+        if ka == kb == "string" and a.conv.cpp in ("SbString", "SbName") and b.conv.cpp == "const char*":
+            better = True
+        elif ka != kb or a.public_type != b.public_type:
+            return False
+    return better
+
+
 def check_public_signatures(plan: ClassPlan) -> None:
     """Two wrapped overloads must not end up with the same Java signature:
     the later one is not wrapped, and --report says which one it collides
     with (a rule then chooses: exclude one, or move it to the Java side).
     Overloads made from default arguments only fill signatures still free."""
     seen = {}
+    methods = {}
     for m in plan.wrapped_methods():
         if m.group == "equals" and m.operator == "==":
             continue   # becomes equals(Object)
         key = ("<init>" if m.is_ctor else m.group, tuple(a.public_type for a in m.args))
         if key in seen:
+            other = methods[key]
+            if _text_overload_of(m, other):
+                # Text as const char* and as SbString: one Java String form,
+                # native through the toolkit's string class, which holds any
+                # Java text.
+                other.skipped = (f"same Java signature as {m.cfunc.signature} ({m.group}({', '.join(key[1])}));"
+                                 f" the SbString form is the native one")
+                seen[key] = m.cfunc.signature
+                methods[key] = m
+                continue
             m.skipped = (f"same Java signature as {seen[key]} ({m.group}({', '.join(key[1])})); "
                          f"exclude one of them in the rules")
             continue
         seen[key] = m.cfunc.signature
+        methods[key] = m
     for m in plan.wrapped_methods():
         if m.is_ctor and plan.kind == "value":
             continue   # value constructors pass through this(...), which must come first

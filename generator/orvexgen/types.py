@@ -6,8 +6,9 @@ from typing import Dict, Optional
 
 from .cmodel import CClass, CType
 from .conversions import (READ_ONLY, READ_WRITE, ArrayResult, PrimArrayResult, Bool, Conversion, Enum, Format, Handle,
-                          HandleArray, IntBuffer, OutScalar, OwnedCopy, PointerList, PrimArray, Primitive, Self,
-                          String, StringArray, TypeName, Unsupported, Value, ValueRef, Void, WrappedClass)
+                          HandleArray, IntBuffer, ListType, ObjectList, ObjectListIn, ObjectListOut, OutScalar,
+                          OutString, OwnedCopy, PointerList, PrimArray, Primitive, Self, String, StringArray, TypeName,
+                          Unsupported, Value, ValueRef, Void, WrappedClass)
 from .cparse import ancestors
 
 __all__ = ["PRIM_JAVA", "JAVA_ELEM_BYTES", "READ_ONLY", "READ_WRITE", "TypeContext", "Unsupported",
@@ -57,8 +58,18 @@ class TypeContext:
             return self._out_scalar(base)
         if base.kind == "class" and base.name in STRING_CLASSES and (not is_ref or base.const):
             return String(base.name)
+        if base.kind == "class" and base.name in STRING_CLASSES and is_ref:
+            return OutString(base.name)
         if t.kind == "ptr" and _is_const_char(base.inner):
             return String("const char*", nullable)
+        if is_ref and base.kind == "class":
+            lt = self.list_type(base.name)
+            if lt is not None:
+                if base.const:
+                    if not lt.appendable:
+                        raise Unsupported(f"{base.name} cannot be built from Java (no append)")
+                    return ObjectListIn(lt)
+                return ObjectListOut(lt)
         if base.kind == "class" and base.name == "SoType" and (not is_ref or base.const):
             return TypeName()
         if base.kind == "class" and base.name in self.wrapped:
@@ -89,6 +100,33 @@ class TypeContext:
         if t.kind in ("array", "ptr") or (is_ref and base.kind == "array"):
             return self._array_arg(t, mode, length)
         raise Unsupported(f"parameter type {t.spelling}")
+
+    def list_type(self, name: str) -> Optional[ListType]:
+        """The list class `name` when its elements are objects of a wrapped
+        class: it (or a base) has `int getLength() const` and `T* get(int)
+        const` with T wrapped and handle-backed. None otherwise."""
+        if name not in self.classes:
+            return None
+        chain = [name] + list(ancestors(self.classes, name))
+        functions = [f for c in chain if c in self.classes for f in self.classes[c].functions if f.access == "public"]
+        if not any(f.name == "getLength" and not f.params for f in functions):
+            return None
+        for f in functions:   # the most derived get() first: SoPathList's, not SbPList's void*
+            if f.name != "get" or len(f.params) != 1 or f.is_static:
+                continue
+            r = f.result
+            if r.kind != "ptr" or r.inner is None or r.inner.kind != "class":
+                return None
+            w = self.wrapped.get(r.inner.name)
+            if w is None or w.kind == "value":
+                return None
+            appendable = any(g.name == "append" and len(g.params) == 1 and g.params[0].type.kind == "ptr"
+                             and g.params[0].type.inner is not None and g.params[0].type.inner.name == r.inner.name
+                             for g in functions)
+            is_field = r.inner.name == "SoField" or "SoField" in ancestors(self.classes, r.inner.name)
+            return ListType(name, w, self.java_name(w), r.inner.name, unreferenced="SoBaseList" in chain,
+                            appendable=appendable, lent=w.kind != "refcounted" and not is_field)
+        return None
 
     def _traversal_action(self, cls: str) -> bool:
         """An action handed to a member of a class that is not an action (a
@@ -188,9 +226,13 @@ class TypeContext:
         if base.kind == "class" and base.name == "SoType" and not is_ref:
             return TypeName()
         target = base.inner if t.kind == "ptr" else base
+        if target is not None and target.kind == "class":
+            lt = self.list_type(target.name)
+            if lt is not None:
+                return ObjectList(lt, by_pointer=t.kind == "ptr")
         if target is not None and target.kind == "class" and \
                 (target.name == "SbPList" or "SbPList" in ancestors(self.classes, target.name)):
-            return PointerList(by_pointer=t.kind == "ptr")
+            return PointerList(by_pointer=t.kind == "ptr", cpp_class=target.name)
         if target is not None and target.kind == "class" and target.name in self.wrapped:
             w = self.wrapped[target.name]
             jt = self.java_name(w)

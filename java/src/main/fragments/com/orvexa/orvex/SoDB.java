@@ -1,18 +1,3 @@
-package com.orvexa.orvex;
-
-/** The toolkit's scene database: version and the start-up services of the native core. */
-public class SoDB {
-  static {
-    Orvex.init();
-  }
-
-  protected SoDB() {}
-
-  /** The toolkit's version text. */
-  public static String getVersion() {
-    return getVersionImpl();
-  }
-
   /** Initialises the database core (also done by the module initialisation at start-up). */
   public static native void initDatabase();
 
@@ -29,23 +14,9 @@ public class SoDB {
   public static native void restoreRealTimeUpdate();
 
   /**
-   * Reads the whole scene of {@code in} under one separator; null when the
-   * input holds no valid scene (the reader's errors go to the toolkit's error
-   * handlers, never as Java exceptions).
-   */
-  public static com.orvexa.orvex.nodes.SoSeparator readAll(SoInput in) {
-    final long input = com.orvexa.internal.NativeCalls.begin(in, "in");
-    try {
-      return com.orvexa.internal.ObjectManager.getManagedObject(com.orvexa.orvex.nodes.SoSeparator.class,
-          readAllImpl(input));
-    } finally {
-      com.orvexa.internal.NativeCalls.end(in);
-    }
-  }
-
-  /**
    * Reads the next node of {@code in}: the node, or null at the end of the
-   * input or after a read error.
+   * input or after a read error (the reader's errors go to the toolkit's
+   * error handlers, never as Java exceptions).
    */
   public static com.orvexa.orvex.nodes.SoNode read(SoInput in) {
     final long input = com.orvexa.internal.NativeCalls.begin(in, "in");
@@ -70,19 +41,6 @@ public class SoDB {
     }
   }
 
-  /** Whether {@code text} starts with a header the reader knows. */
-  public static boolean isValidHeader(String text) {
-    if (text == null) throw com.orvexa.internal.NativeCalls.nullArgument("text");
-    return isValidHeaderImpl(text);
-  }
-
-  private static native String getVersionImpl();
-
   static native boolean readImpl(long input, long[] rootNode);
 
   static native boolean readPathImpl(long input, long[] path);
-
-  static native long readAllImpl(long input);
-
-  static native boolean isValidHeaderImpl(String text);
-}
