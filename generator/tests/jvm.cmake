@@ -33,3 +33,6 @@ orvex_add_junit_test(jvm.generated.aliasing CLASSES com.orvexa.orvex.ValueAliasi
 orvex_add_junit_test(jvm.generated.misuse CLASSES com.orvexa.orvex.MisuseTest)
 orvex_add_junit_test(jvm.generated.scenegraph CLASSES com.orvexa.orvex.SceneGraphFromJavaTest)
 orvex_add_junit_test(jvm.generated.everyclass CLASSES com.orvexa.orvex.EveryWrapperClassTest)
+orvex_add_junit_test(jvm.generated.services CLASSES com.orvexa.orvex.ServicesAndListsTest)
+# A small heap: wrappers are collected often, and leaks show early.
+orvex_add_junit_test(jvm.generated.lifetime CLASSES com.orvexa.orvex.NativeLifetimeTest JVM_OPTIONS -Xmx32m)
