@@ -641,7 +641,11 @@ def null_check(p: str) -> str:
 
 def _length_checks(p: str, length: str) -> List[str]:
     """A Java array that must hold at least `length` elements."""
-    return [null_check(p),
+    checks = [null_check(p)]
+    if length.isidentifier():   # a count the caller passes: never negative
+        checks.append(f"if ({length} < 0) throw new IllegalArgumentException("
+                      f"\"{length} \" + {length} + \" is negative\");")
+    return checks + [
             f"if ((long) {p}.length < (long) ({length})) "
             f"throw com.orvexa.internal.NativeCalls.tooShort(\"{p}\", {length}, {p}.length);"]
 

@@ -475,7 +475,7 @@ RESERVED_NAMES = {"env", "clazz", "nativeObject", "returnedValue", "self", "resu
 
 # Parameter names that, next to a pointer to an array, give its element count
 # (setValues(int start, int num, const float* values), set(const char** words, int count)).
-COUNT_NAMES = ("num", "count", "numValues", "numElements")
+COUNT_NAMES = ("num", "count", "numValues", "numElements", "length")
 
 
 def _counted_by(params, i: int, names) -> Optional[str]:

@@ -98,8 +98,10 @@ class TypeContext:
                               applied=self._traversal_action(inner.name))
             raise Unsupported(f"pointer to {inner.name}, which is not wrapped")
         if t.kind in ("array", "ptr") or (is_ref and base.kind == "array"):
+            if base.inner is not None and base.inner.kind == "void":
+                raise Unsupported(f"parameter {t.spelling}: an untyped pointer has no Java form")
             return self._array_arg(t, mode, length)
-        raise Unsupported(f"parameter type {t.spelling}")
+        raise Unsupported(_why_not(t, "parameter"))
 
     def list_type(self, name: str) -> Optional[ListType]:
         """The list class `name` when its elements are objects of a wrapped
@@ -246,7 +248,7 @@ class TypeContext:
                 return Handle(w, jt, target.name, by_ref=is_ref, nullable=True)
             if w.kind == "owned":
                 return OwnedCopy(w, jt, target.name)
-        raise Unsupported(f"result {t.spelling}")
+        raise Unsupported(_why_not(t, "result"))
 
     def array_result(self, t: CType, count_cpp: str = "") -> Conversion:
         target = t.inner if t.kind == "ptr" else None
@@ -261,6 +263,25 @@ class TypeContext:
 
     def format(self) -> Conversion:
         return Format()
+
+
+def _why_not(t: CType, what: str) -> str:
+    """Why a parameter or result type has no conversion, in the report's words."""
+    base = t.strip_ref()
+    if base.kind == "funcptr" or (base.kind == "ptr" and base.inner is not None and base.inner.kind == "funcptr"):
+        return f"{what} {t.spelling}: a toolkit callback, registered through a Java callback object"
+    if base.kind == "ptr" and base.inner is not None and base.inner.kind == "void":
+        return f"{what} {t.spelling}: an untyped pointer has no Java form"
+    if base.kind == "ptr" and base.inner is not None and base.inner.kind == "ptr":
+        return f"{what} {t.spelling}: a pointer to pointers without a count has no Java form"
+    if base.kind == "ptr" and base.inner is not None and base.inner.kind in ("prim", "bool"):
+        return f"{what} {t.spelling}: a pointer to values without a count"
+    if "<" in t.spelling:
+        return f"{what} {t.spelling}: a C++ template type has no Java form"
+    target = base.inner if base.kind == "ptr" else base
+    if target is not None and target.kind == "class" and target.name:
+        return f"{what} {t.spelling}: {target.name} is not wrapped"
+    return f"{what} type {t.spelling}"
 
 
 def _is_const_char(t: Optional[CType]) -> bool:
