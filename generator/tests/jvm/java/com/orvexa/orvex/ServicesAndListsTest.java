@@ -362,6 +362,34 @@ class ServicesAndListsTest {
   }
 
   @Nested
+  class Patterns {
+    @Test
+    void patternsAreThirtyTwoRowsOfThirtyTwoBits() {
+      byte[] bits = new byte[128];
+      for (int i = 0; i < bits.length; i++) bits[i] = (byte) (i * 7);
+      SoPattern.addPattern("SvcHatch", "Diagonal", bits);
+      assertArrayEquals(bits, SoPattern.getPattern("SvcHatch", "Diagonal"));
+      SoPattern node = new SoPattern();
+      node.category.setValue("SvcHatch");
+      node.name.setValue("Diagonal");
+      assertArrayEquals(bits, node.getPattern());
+      // An unknown pattern: no bytes.
+      assertEquals(0, SoPattern.getPattern("SvcHatch", "NoSuchPattern").length);
+      assertThrows(IllegalArgumentException.class, () -> SoPattern.addPattern("SvcHatch", "Short", new byte[127]));
+      assertThrows(NullPointerException.class, () -> SoPattern.addPattern("SvcHatch", "Null", null));
+    }
+
+    @Test
+    void binaryArraysMustHoldTheirCount() {
+      SoInput in = new SoInput();
+      in.setBuffer("#Orvex V1.0 ascii\n");
+      assertThrows(IllegalArgumentException.class, () -> in.readBinaryArray(new float[2], 3));
+      assertThrows(IllegalArgumentException.class, () -> in.readBinaryArray(new byte[4], -1));
+      assertThrows(NullPointerException.class, () -> in.readBinaryArray((int[]) null, 0));
+    }
+  }
+
+  @Nested
   class Database {
     @Test
     void globalFieldsAreCreatedFoundAndRenamed() {
