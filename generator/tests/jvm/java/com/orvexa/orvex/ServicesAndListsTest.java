@@ -400,6 +400,46 @@ class ServicesAndListsTest {
       assertNull(SoDB.getGlobalField("svcWhere"));
       assertSame(where, SoDB.getGlobalField("svcThere"));
       assertArrayEquals(new float[] {1, 2, 3}, where.getValue().array);
+      // A rename onto a taken name deletes the field that had it; an empty
+      // name deletes the renamed one: their wrappers are done with.
+      SoSFFloat other = assertInstanceOf(SoSFFloat.class, SoDB.createGlobalField("svcOther", "SFFloat"));
+      SoDB.renameGlobalField("svcThere", "svcOther");
+      assertThrows(IllegalStateException.class, other::getValue);
+      assertSame(where, SoDB.getGlobalField("svcOther"));
+      SoDB.renameGlobalField("svcOther", "");
+      assertNull(SoDB.getGlobalField("svcOther"));
+      assertThrows(IllegalStateException.class, where::getValue);
+      // Types that are no field types make no field.
+      assertNull(SoDB.createGlobalField("svcNode", SoSphere.class));
+      assertNull(SoDB.createGlobalField("svcNone", "NoSuchType"));
+      assertNull(SoDB.getGlobalField("svcNode"));
+    }
+
+    @Test
+    void theApplicationLockCannotBeGivenBackUnheldOrTakenIntoADeadlock() {
+      assertThrows(IllegalStateException.class, SoDB::readunlock);
+      assertThrows(IllegalStateException.class, SoDB::writeunlock);
+      SoDB.readlock();
+      SoDB.readlock();
+      assertThrows(IllegalStateException.class, SoDB::writelock);
+      SoDB.readunlock();
+      SoDB.readunlock();
+      assertThrows(IllegalStateException.class, SoDB::readunlock);
+      SoDB.writelock();
+      assertThrows(IllegalStateException.class, SoDB::readlock);
+      assertThrows(IllegalStateException.class, SoDB::writelock);
+      SoDB.writeunlock();
+      assertThrows(IllegalStateException.class, SoDB::writeunlock);
+    }
+
+    @Test
+    void outsideATraversalThePathCodeIsNoPathWithoutIndices() {
+      SoSearchAction search = new SoSearchAction();
+      int[] count = {-1};
+      java.nio.ByteBuffer[] indices = {java.nio.ByteBuffer.allocate(1)};
+      assertEquals(com.orvexa.orvex.actions.SoAction.PathCode.NO_PATH, search.getPathCode(count, indices));
+      assertEquals(0, count[0]);
+      assertNull(indices[0]);
     }
 
     @Test
@@ -469,10 +509,6 @@ class ServicesAndListsTest {
       SoDB.setTuneLuxAllowed(tuneLux);
 
       assertTrue(SoDB.isMultiThread());
-      SoDB.readlock();
-      SoDB.readunlock();
-      SoDB.writelock();
-      SoDB.writeunlock();
       SoDB.processEvents();
       assertTrue(SoDB.isInitialized());
       assertTrue(SoDB.getVersion().length() > 0);
