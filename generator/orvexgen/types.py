@@ -126,8 +126,13 @@ class TypeContext:
                              and g.params[0].type.inner is not None and g.params[0].type.inner.name == r.inner.name
                              for g in functions)
             is_field = r.inner.name == "SoField" or "SoField" in ancestors(self.classes, r.inner.name)
+            # Fields live in their containers: lent by the receiver when it is
+            # the container listing its own fields.
+            own_fields = is_field and bool(self.owner) and \
+                (self.owner == "SoFieldContainer" or "SoFieldContainer" in ancestors(self.classes, self.owner))
             return ListType(name, w, self.java_name(w), r.inner.name, unreferenced="SoBaseList" in chain,
-                            appendable=appendable, lent=w.kind != "refcounted" and not is_field)
+                            appendable=appendable,
+                            lent=w.kind != "refcounted" and (not is_field or own_fields))
         return None
 
     def _traversal_action(self, cls: str) -> bool:

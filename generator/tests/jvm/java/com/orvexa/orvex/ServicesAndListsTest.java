@@ -191,6 +191,9 @@ class ServicesAndListsTest {
       List<SoField> fields = new ArrayList<>();
       assertEquals(1, ball.getFields(fields));
       assertSame(ball.radius, fields.get(0));
+      List<SoField> all = new ArrayList<>();
+      assertTrue(ball.getAllFields(all) >= 1);
+      assertTrue(all.contains(ball.radius));
       String[] name = new String[1];
       assertTrue(ball.getFieldName(ball.radius, name));
       assertEquals("radius", name[0]);
