@@ -520,6 +520,40 @@ def _text_overload_of(m: Method, other: Method) -> bool:
     return better
 
 
+def _signedness_overload_of(m: Method, other: Method) -> bool:
+    """m differs from other only in the signedness of primitive (or
+    primitive out-parameter) types: one Java type stands for both."""
+    if len(m.args) != len(other.args) or m.cfunc.signature == other.cfunc.signature:
+        return False
+    differs = False
+    for a, b in zip(m.cfunc.params, other.cfunc.params):
+        ta, tb = a.type.strip_ref(), b.type.strip_ref()
+        if ta.kind == tb.kind == "prim" and ta.name != tb.name:
+            if PRIM_JAVA.get(ta.name) != PRIM_JAVA.get(tb.name):
+                return False
+            differs = True
+        elif ta.spelling != tb.spelling:
+            return False
+    return differs
+
+
+def _same_storage_overload_of(m: Method, other: Method) -> bool:
+    """m and other take the same Java arrays, and their C++ parameters differ
+    only in constness or in spelling one array of values two ways
+    (`const SbVec3f*` and `const float[][3]`): one native form serves both."""
+    if len(m.args) != len(other.args):
+        return False
+    differs = False
+    for a, b, pa, pb in zip(m.args, other.args, m.cfunc.params, other.cfunc.params):
+        if a.public_type != b.public_type or a.java_type != b.java_type:
+            return False
+        if pa.type.spelling != pb.type.spelling:
+            if not a.java_type.endswith("[]"):
+                return False
+            differs = True
+    return differs
+
+
 def check_public_signatures(plan: ClassPlan) -> None:
     """Two wrapped overloads must not end up with the same Java signature:
     the later one is not wrapped, and --report says which one it collides
@@ -541,6 +575,14 @@ def check_public_signatures(plan: ClassPlan) -> None:
                                  f" the SbString form is the native one")
                 seen[key] = m.cfunc.signature
                 methods[key] = m
+                continue
+            if _signedness_overload_of(m, other):
+                m.skipped = (f"same Java signature as {seen[key]} ({m.group}({', '.join(key[1])})); "
+                             f"the signed Java type carries the unsigned values")
+                continue
+            if _same_storage_overload_of(m, other):
+                m.skipped = (f"same Java signature as {seen[key]} ({m.group}({', '.join(key[1])})); "
+                             f"both read the same Java array (constness or array shape differ only)")
                 continue
             m.skipped = (f"same Java signature as {seen[key]} ({m.group}({', '.join(key[1])})); "
                          f"exclude one of them in the rules")
