@@ -213,6 +213,23 @@ class ServicesAndListsTest {
     }
 
     @Test
+    void namedNodesAndChildListsAreTheSameJavaObjects() {
+      Row row = new Row();
+      row.balls[0].setName("svcTwin");
+      row.balls[2].setName("svcTwin");
+      List<SoNode> named = new ArrayList<>();
+      assertEquals(2, SoNode.getByName("svcTwin", named));
+      assertEquals(2, named.size());
+      assertTrue(named.contains(row.balls[0]) && named.contains(row.balls[2]), named.toString());
+      assertEquals(0, SoNode.getByName("svcNobody", named));
+      assertEquals(2, named.size());
+      List<SoNode> children = row.root.getChildren();
+      assertEquals(3, children.size());
+      for (int i = 0; i < 3; i++) assertSame(row.root.getChild(i), children.get(i));
+      assertThrows(NullPointerException.class, () -> SoNode.getByName("svcTwin", null));
+    }
+
+    @Test
     void namedPathsAreFoundByNameAsTheSameObjectAndCompareByValue() {
       Row row = new Row();
       SoSearchAction search = new SoSearchAction();
