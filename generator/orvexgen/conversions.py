@@ -900,9 +900,15 @@ class ObjectListIn(Conversion):
         self.public_type = f"java.util.List<? extends {t.elem_java}>"
 
     def java_checks(self, p):
+        # The element class is checked too: a list that unchecked code filled
+        # with other wrappers must not reach the toolkit as these.
         return [null_check(p),
-                f"for (int i = 0; i < {p}.size(); i++) if ({p}.get(i) == null) "
-                f"throw com.orvexa.internal.NativeCalls.nullArgument(\"{p}[\" + i + \"]\");"]
+                f"for (int i = 0; i < {p}.size(); i++) {{",
+                f"  final Object element = {p}.get(i);",
+                f"  if (element == null) throw com.orvexa.internal.NativeCalls.nullArgument(\"{p}[\" + i + \"]\");",
+                f"  if (!(element instanceof {self.t.elem_java})) throw new IllegalArgumentException("
+                f"\"{p}[\" + i + \"] is a \" + element.getClass().getName());",
+                "}"]
 
     def java_begin(self, p):
         return [f"final com.orvexa.orvex.Orvex[] {p}Objects = {p}.toArray(new com.orvexa.orvex.Orvex[0]);",

@@ -616,7 +616,10 @@ class ServicesAndLists(unittest.TestCase):
         m = self.method("SoAction", "applyImpl2")
         self.assertEqual(m.args[0].public_type, "java.util.List<? extends com.orvexa.orvex.SoPath>")
         java = self.java("SoAction")
-        self.assertIn("for (int i = 0; i < pathList.size(); i++) if (pathList.get(i) == null) throw", java)
+        self.assertIn("    for (int i = 0; i < pathList.size(); i++) {\n"
+                      "      final Object element = pathList.get(i);\n"
+                      "      if (element == null) throw com.orvexa.internal.NativeCalls.nullArgument(", java)
+        self.assertIn("      if (!(element instanceof com.orvexa.orvex.SoPath)) throw new IllegalArgumentException(", java)
         self.assertIn("NativeCalls.beginAll(pathListObjects);", java)
         self.assertIn("pathListTmp.append(reinterpret_cast<SoPath*>(handles[i]));", self.cpp("SoAction"))
 

@@ -639,6 +639,10 @@ class ServicesAndListsTest {
       withNull.add(null);
       assertThrows(NullPointerException.class, () -> count.apply(withNull, false));
       assertThrows(NullPointerException.class, () -> count.apply((List<SoPath>) null, false));
+      // Unchecked code can put other wrappers into a list of paths: refused, not passed on.
+      @SuppressWarnings({"unchecked", "rawtypes"})
+      List<SoPath> polluted = (List) List.of(paths.get(0), new SoCube());
+      assertThrows(IllegalArgumentException.class, () -> count.apply(polluted, false));
     }
 
     @Test
