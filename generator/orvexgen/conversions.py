@@ -737,25 +737,32 @@ class OutScalar(Conversion):
 
 
 class IntBuffer(Conversion):
-    """`const int*&` next to its `int&` count: the toolkit's own memory as a
-    direct byte buffer, handed back in element 0 of a one-element Object[]."""
+    """`const int*&` next to its `int&` count (getPathCode): the toolkit's own
+    memory as a direct byte buffer of count x 4 bytes, handed back in element
+    0 of a one-element array (null when the toolkit gives no indices). The
+    count is no Java argument: it is the buffer's capacity. The Java method
+    sets the buffer to the platform's byte order, the order of the ints."""
     kind = "int_buffer"
     java_type = "Object[]"
     public_type = "java.nio.ByteBuffer[]"
     jni_type = "jobjectArray"
 
-    def __init__(self, count: str):
+    def __init__(self, count: str, count_first: bool = True):
         self.count = count
+        self.count_first = count_first
 
     def java_checks(self, p):
         return [null_check(p),
                 f"if ({p}.length < 1) throw com.orvexa.internal.NativeCalls.tooShort(\"{p}\", 1, {p}.length);"]
 
+    def java_after(self, p, ctx):
+        return [f"if ({p}[0] != null) {p}[0] = {p}[0].order(java.nio.ByteOrder.nativeOrder());"]
+
     def cpp_pre(self, p):
-        return [f"const int* {p}Tmp = nullptr;"]
+        return [f"int {self.count}Tmp = 0;", f"const int* {p}Tmp = nullptr;"]
 
     def cpp_arg(self, p):
-        return f"{p}Tmp"
+        return f"{self.count}Tmp, {p}Tmp" if self.count_first else f"{p}Tmp, {self.count}Tmp"
 
     def cpp_post(self, p):
         return [f"env->SetObjectArrayElement({p}, 0, {p}Tmp == nullptr ? nullptr : "

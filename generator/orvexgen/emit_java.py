@@ -68,6 +68,9 @@ def _guarded_body(plan: ClassPlan, m: Method, inner: List[str]) -> List[str]:
     checks first, then every object (the receiver first) marked in flight,
     each released in a finally block in reverse order."""
     out = []
+    if m.needs_applied:
+        # The traversal state it reads exists only while the action is applied.
+        out.append("if (!isBeingApplied()) throw new IllegalStateException(\"this action is not being applied\");")
     for a in m.args:
         out += a.conv.java_checks(a.name)
     brackets = []

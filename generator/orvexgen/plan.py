@@ -58,6 +58,7 @@ class Method:
     # there is none or it has no Java form); trailing ones give overloads.
     defaults: List[Optional[str]] = field(default_factory=list)
     overloads: List[int] = field(default_factory=list)   # parameter counts of the default-argument overloads
+    needs_applied: bool = False   # an action member that reads the traversal state
 
 
 @dataclass
@@ -296,6 +297,7 @@ def plan_class(name: str, classes: Dict[str, CClass], wrapped: Dict[str, Wrapped
                 _convert(m, plan, ctx, rules)
             except Unsupported as e:
                 m.skipped = str(e)
+        m.needs_applied = f.name in crules.applied or sig in crules.applied
         plan.methods.append(m)
     _check_rules_name_members(plan, crules, rules)
     _check_array_counts(plan, crules)
@@ -312,6 +314,7 @@ def _check_rules_name_members(plan: ClassPlan, crules, rules: PackageRules) -> N
                       ("array_lengths", set(crules.array_lengths)), ("index_bounds", set(crules.index_bounds))):
         problems += [f"{key} names no member {s!r}" for s in sorted(what - signatures)]
     problems += [f"exclude names no member {s!r}" for s in sorted(crules.exclude - signatures - names)]
+    problems += [f"applied names no member {s!r}" for s in sorted(crules.applied - signatures - names)]
     by_sig = {m.cfunc.signature: m.cfunc for m in plan.methods}
     for sig, params in crules.nullable.items():
         known = {p.name for p in by_sig[sig].params} if sig in by_sig else set()
@@ -386,13 +389,15 @@ def _convert(m: Method, plan: ClassPlan, ctx: TypeContext, rules: PackageRules) 
         names.append(pname)
     # Array lengths are Java expressions over the Java parameter names.
     renamed = {p.name: n for p, n in zip(params, names)}
+    buffer_counts = set()   # the `int&` counts of buffers: the buffer's capacity, no Java argument
     for i, p in enumerate(params):
         if f.is_variadic and i == len(params) - 1 and ctx.arg(p.type, mode).kind == "string":
             m.args.append(Param(names[i], ctx.format()))
             continue
         count = _buffer_count(params, i)
         if count is not None:
-            m.args.append(Param(names[i], ctx.int_buffer(names[count])))
+            m.args.append(Param(names[i], ctx.int_buffer(names[count], count_first=count < i)))
+            buffer_counts.add(count)
             continue
         length = lengths.get(p.name)
         if length is None:
@@ -411,6 +416,9 @@ def _convert(m: Method, plan: ClassPlan, ctx: TypeContext, rules: PackageRules) 
         m.args.append(Param(names[i], conv))
     m.defaults = [None if i >= len(params) else _java_default(params[i], m.args[i].conv, ctx)
                   for i in range(len(m.args))]
+    # A buffer's count is passed by the buffer's conversion, next to it.
+    m.args = [a for i, a in enumerate(m.args) if i not in buffer_counts]
+    m.defaults = [d for i, d in enumerate(m.defaults) if i not in buffer_counts]
     if f.is_variadic and not any(a.conv.kind == "format" for a in m.args):
         raise Unsupported("variadic member without a format string")
     array_results = dict(rules.array_results)

@@ -31,6 +31,10 @@ Keys (all optional):
     array_lengths    table: signature -> { parameter = Java expression over
                      the other parameters }: how many elements a pointer to
                      an array holds (values, for arrays of value types)
+    applied          members of an action (names: every overload; or
+                     signatures) that read the traversal state, which only
+                     exists while the action is being applied: called on an
+                     idle action they throw IllegalStateException
     index_bounds     table: signature -> { parameter = Java expression }: the
                      parameter is an index that must lie in [0, expression)
                      (write "<= expr" for an inclusive bound, as an insertion
@@ -73,6 +77,7 @@ class ClassRules:
     array_results: Dict[str, str] = field(default_factory=dict)
     forward: List[str] = field(default_factory=list)
     index_bounds: Dict[str, Dict[str, str]] = field(default_factory=dict)
+    applied: Set[str] = field(default_factory=set)
 
 
 @dataclass
@@ -99,7 +104,7 @@ class PackageRules:
 _TOP = {"classes", "value", "services", "extensible", "exclude", "operators", "read_write", "class", "java_names", "carried_by",
         "array_results", "index_bounds"}
 _CLASS = {"java_side", "exclude", "reserve", "assumed_bytes", "array_results", "nullable", "array_lengths",
-          "forward", "index_bounds"}
+          "forward", "index_bounds", "applied"}
 
 
 def load(path: str) -> PackageRules:
@@ -142,7 +147,8 @@ def load(path: str) -> PackageRules:
             reserve=dict(c.get("reserve", {})), assumed_bytes=int(c.get("assumed_bytes", 0)),
             array_results=dict(c.get("array_results", {})),
             forward=[sig(x) for x in c.get("forward", [])],
-            index_bounds={sig(k): dict(v) for k, v in c.get("index_bounds", {}).items()})
+            index_bounds={sig(k): dict(v) for k, v in c.get("index_bounds", {}).items()},
+            applied={sig(x) for x in c.get("applied", [])})
     for v in r.value | r.extensible | r.services:
         if v not in r.classes:
             raise ValueError(f"{path}: {v} is listed but not in 'classes'")

@@ -154,8 +154,8 @@ class TypeContext:
             return HandleArray(self.java_name(self.wrapped[target.name]), elem.spelling, length)
         raise Unsupported(f"array of pointers {elem.spelling}")
 
-    def int_buffer(self, count: str) -> Conversion:
-        return IntBuffer(count)
+    def int_buffer(self, count: str, count_first: bool = True) -> Conversion:
+        return IntBuffer(count, count_first)
 
     def enum_binary(self, name: str) -> str:
         owner, enum = self.enums[name]

@@ -168,6 +168,9 @@ class FixtureCpp(unittest.TestCase):
         codes = self.body("ProbeList", "getCodesImpl")
         self.assertIn("env->NewDirectByteBuffer(const_cast<int*>(codesTmp), static_cast<jlong>(countTmp) * 4)", codes)
         self.assertIn("env->SetObjectArrayElement(codes, 0,", codes)
+        # The count is the buffer's capacity, no Java argument.
+        self.assertIn("getCodesImpl(JNIEnv* env, jclass, jlong nativeObject, jobjectArray codes)", codes)
+        self.assertIn("int countTmp = 0;", codes)
 
     def test_enum_constants(self):
         text = self.cpp["GuardProbe"]

@@ -455,11 +455,10 @@ class ServicesAndListsTest {
     @Test
     void outsideATraversalThePathCodeIsNoPathWithoutIndices() {
       SoSearchAction search = new SoSearchAction();
-      int[] count = {-1};
       java.nio.ByteBuffer[] indices = {java.nio.ByteBuffer.allocate(1)};
-      assertEquals(com.orvexa.orvex.actions.SoAction.PathCode.NO_PATH, search.getPathCode(count, indices));
-      assertEquals(0, count[0]);
+      assertEquals(com.orvexa.orvex.actions.SoAction.PathCode.NO_PATH, search.getPathCode(indices));
       assertNull(indices[0]);
+      assertThrows(IllegalArgumentException.class, () -> search.getPathCode(new java.nio.ByteBuffer[0]));
     }
 
     @Test
@@ -659,6 +658,69 @@ class ServicesAndListsTest {
       cache.invalidate();
       cache.dispose();
       assertThrows(IllegalStateException.class, cache::isCenterSet);
+    }
+  }
+
+  @Nested
+  class IdleActions {
+    /** A plain value for a parameter of type t, or null when there is none. */
+    private Object plainArgument(Class<?> t) throws Exception {
+      if (t == int.class) return 0;
+      if (t == float.class) return 0f;
+      if (t == double.class) return 0.0;
+      if (t == long.class) return 0L;
+      if (t == short.class) return (short) 0;
+      if (t == boolean.class) return false;
+      if (t == String.class) return "x";
+      if (t.isArray()) return java.lang.reflect.Array.newInstance(t.getComponentType(), 64);
+      if (t.isEnum()) return t.getEnumConstants()[0];
+      try {
+        return t.getConstructor().newInstance();
+      } catch (NoSuchMethodException e) {
+        return null;
+      }
+    }
+
+    @Test
+    void everyMemberOfAnIdleActionWorksOrThrowsAJavaException() throws Exception {
+      SbViewportRegion region = viewport();
+      com.orvexa.orvex.actions.SoAction[] actions = {
+        new com.orvexa.orvex.actions.SoCallbackAction(), new com.orvexa.orvex.actions.SoGetBoundingBoxAction(region),
+        new SoGetMatrixAction(region), new SoGetPrimitiveCountAction(),
+        new com.orvexa.orvex.actions.SoHandleEventAction(region), new SoRayPickAction(region),
+        new SoSearchAction(), new SoWriteAction()};
+      int calls = 0;
+      List<String> refused = new ArrayList<>();
+      for (com.orvexa.orvex.actions.SoAction action : actions) {
+        for (java.lang.reflect.Method m : action.getClass().getMethods()) {
+          if (java.lang.reflect.Modifier.isStatic(m.getModifiers()) || m.getDeclaringClass() == Object.class) continue;
+          if (m.getName().startsWith("apply") || m.getName().equals("dispose") || m.getName().equals("close")) continue;
+          Object[] arguments = new Object[m.getParameterCount()];
+          boolean plain = true;
+          for (int i = 0; i < arguments.length && plain; i++) {
+            arguments[i] = plainArgument(m.getParameterTypes()[i]);
+            plain = arguments[i] != null;
+          }
+          if (!plain) continue;
+          calls++;
+          try {
+            m.invoke(action, arguments);
+          } catch (java.lang.reflect.InvocationTargetException e) {
+            assertInstanceOf(RuntimeException.class, e.getCause(), m.toString());
+            if (e.getCause() instanceof IllegalStateException) {
+              refused.add(action.getClass().getSimpleName() + "." + m.getName());
+            }
+          }
+        }
+      }
+      assertTrue(calls > 200, "only " + calls + " calls");
+      // Members that need the traversal state refuse; the process is still here.
+      assertTrue(refused.contains("SoCallbackAction.getComplexity"), refused.toString());
+      assertTrue(refused.contains("SoGetBoundingBoxAction.popCurPath"), refused.toString());
+      assertTrue(refused.contains("SoRayPickAction.computeWorldSpaceRay"), refused.toString());
+      SoSeparator root = new SoSeparator();
+      root.addChild(new SoCube());
+      assertThrows(IllegalStateException.class, () -> actions[1].traverse(root));
     }
   }
 
