@@ -36,3 +36,4 @@ orvex_add_junit_test(jvm.generated.everyclass CLASSES com.orvexa.orvex.EveryWrap
 orvex_add_junit_test(jvm.generated.services CLASSES com.orvexa.orvex.ServicesAndListsTest)
 # A small heap: wrappers are collected often, and leaks show early.
 orvex_add_junit_test(jvm.generated.lifetime CLASSES com.orvexa.orvex.NativeLifetimeTest JVM_OPTIONS -Xmx32m)
+orvex_add_junit_test(jvm.generated.plainarguments CLASSES com.orvexa.orvex.EveryMemberWithPlainArgumentsTest)
