@@ -25,8 +25,8 @@ set(ORVEX_JUNIT_CLASSPATH "${ORVEXJAVA_JAR}:${ORVEXJAVA_TESTS_JAR}:${ORVEX_JUNIT
 # orvex_add_junit_test(<name> CLASSES <fully qualified classes>...
 #                      [NO_CHECK_JNI] [INCLUDE_TAGS <tags>...] [EXCLUDE_TAGS <tags>...])
 function(orvex_add_junit_test name)
-  cmake_parse_arguments(ARG "NO_CHECK_JNI" "" "CLASSES;INCLUDE_TAGS;EXCLUDE_TAGS" ${ARGN})
-  set(jvm_options -Djava.library.path=${CMAKE_BINARY_DIR}/lib -Djava.awt.headless=true)
+  cmake_parse_arguments(ARG "NO_CHECK_JNI" "" "CLASSES;INCLUDE_TAGS;EXCLUDE_TAGS;JVM_OPTIONS" ${ARGN})
+  set(jvm_options -Djava.library.path=${CMAKE_BINARY_DIR}/lib -Djava.awt.headless=true ${ARG_JVM_OPTIONS})
   if(NOT ARG_NO_CHECK_JNI)
     list(PREPEND jvm_options -Xcheck:jni)
   endif()

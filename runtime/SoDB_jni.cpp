@@ -1,4 +1,6 @@
-// Database queries of com.orvexa.orvex.SoDB beyond start-up.
+// Reading into out-parameters for com.orvexa.orvex.SoDB (read, readPath): the
+// node or path comes back through a one-element array. The database's other
+// services are generated.
 
 #include <jni.h>
 
@@ -12,10 +14,6 @@
 #include "StringHelper.h"
 
 extern "C" {
-
-JNIEXPORT jstring JNICALL Java_com_orvexa_orvex_SoDB_getVersionImpl(JNIEnv* env, jclass) {
-  return StringHelper::fromNativeString(env, SoDB::getVersion());
-}
 
 // Reads one node (or path) from the input into element 0 of `result` (0 when
 // there is none); answers the toolkit's success flag. The node is handed to
@@ -36,15 +34,6 @@ JNIEXPORT jboolean JNICALL Java_com_orvexa_orvex_SoDB_readPathImpl(JNIEnv* env, 
   ArrayHelper resultArrayHelper(env);
   *resultArrayHelper.toNativeArray(result, ArrayHelper::READ_WRITE) = reinterpret_cast<jlong>(pathTmp);
   return ok ? JNI_TRUE : JNI_FALSE;
-}
-
-JNIEXPORT jlong JNICALL Java_com_orvexa_orvex_SoDB_readAllImpl(JNIEnv*, jclass, jlong input) {
-  return reinterpret_cast<jlong>(SoDB::readAll(reinterpret_cast<SoInput*>(input)));
-}
-
-JNIEXPORT jboolean JNICALL Java_com_orvexa_orvex_SoDB_isValidHeaderImpl(JNIEnv* env, jclass, jstring text) {
-  StringHelper textStrHelper(env, text);
-  return SoDB::isValidHeader(textStrHelper.toUTFString()) ? JNI_TRUE : JNI_FALSE;
 }
 
 }  // extern "C"

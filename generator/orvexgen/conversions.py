@@ -10,6 +10,8 @@ moves such a value between the worlds:
     java_begin(p)/java_end(p)  statements around the native call (marking a
                           call in flight on an object argument)
     java_pass(p)          the expression handed to the native method
+    java_after(p, ctx)    statements after the native call (a Java list the
+                          caller passed is filled)
     cpp_pre(p)/cpp_arg(p)/cpp_post(p)  the entry point's helpers, the toolkit
                           argument, and what is written back after the call
   C++ -> Java, as the result of a Java call:
@@ -57,7 +59,7 @@ class WrappedClass:
     (SoErrorStack.StackFrame in source, SoErrorStack$StackFrame in binary form)."""
     name: str                 # C++ name, qualified with the enclosing classes
     package: str
-    kind: str                 # value | owned | refcounted
+    kind: str                 # value | owned | refcounted | static (services: static members only)
     elem: str = ""            # Java element type of a value class
     length: int = 0           # array length of a value class
     java: str = ""            # the Java class name when it is not the C++ one (SoSFInt32 -> SoSFInt)
@@ -108,6 +110,11 @@ class Conversion:
 
     def java_pass(self, p: str) -> str:
         return p
+
+    def java_after(self, p: str, ctx: "JavaContext") -> List[str]:
+        """Statements after a successful native call (filling a Java list the
+        caller passed); the native result is in `nativeResult` meanwhile."""
+        return []
 
     def cpp_pre(self, p: str) -> List[str]:
         return []
@@ -329,11 +336,26 @@ class Format(String):
 
 
 class TypeName(Conversion):
-    """SoType, given and returned by name."""
+    """SoType, given and returned by name.
+
+    As an argument the public Java method takes the toolkit type's name
+    ("Sphere", "SoSearchAction"); every method with such arguments also has
+    an overload taking the wrapper classes instead (`SoSphere.class`), whose
+    type is the name that the class's static getClassTypeId() answers. As a
+    result Java gets the type's name as a String: a name is what every Java
+    class of the binding can be asked for (getClassTypeId) and compared with,
+    while a toolkit type may have no Java class at all (types of plug-ins,
+    types read from files), so a Class result could not stand for every
+    type. An unknown name is the toolkit's bad type, which matches nothing."""
     kind = "sotype"
     java_type = public_type = "String"
     jni_type = "jstring"
     jni_sig = "Ljava/lang/String;"
+    # The overload's parameter type, and how it becomes the name.
+    alt_public_type = "Class<? extends com.orvexa.orvex.Orvex>"
+
+    def alt_convert(self, p):
+        return f"com.orvexa.internal.TypeNames.of({p}, \"{p}\")"
 
     def java_checks(self, p):
         return [null_check(p)]
@@ -352,6 +374,35 @@ class TypeName(Conversion):
 
     def upcall_cpp(self, expr, name):
         return [], f"StringHelper::fromNativeString(env, ({expr}).getName())", True
+
+
+class OutString(Conversion):
+    """A non-const SbString& or SbName& the toolkit writes: a one-element
+    String[] that receives the text after the call."""
+    kind = "out_string"
+    java_type = public_type = "String[]"
+    jni_type = "jobjectArray"
+    jni_sig = "[Ljava/lang/String;"
+
+    def __init__(self, cpp: str):
+        self.cpp = cpp            # SbString | SbName
+
+    def java_checks(self, p):
+        return [null_check(p),
+                f"if ({p}.length < 1) throw com.orvexa.internal.NativeCalls.tooShort(\"{p}\", 1, {p}.length);"]
+
+    def cpp_pre(self, p):
+        return [f"{self.cpp} {p}Tmp;"]
+
+    def cpp_arg(self, p):
+        return f"{p}Tmp"
+
+    def cpp_post(self, p):
+        return ["{",
+                f"  const jstring {p}Text = StringHelper::fromNativeString(env, {p}Tmp);",
+                f"  env->SetObjectArrayElement({p}, 0, {p}Text);",
+                f"  env->DeleteLocalRef({p}Text);",
+                "}"]
 
 
 class Handle(Conversion):
@@ -590,7 +641,11 @@ def null_check(p: str) -> str:
 
 def _length_checks(p: str, length: str) -> List[str]:
     """A Java array that must hold at least `length` elements."""
-    return [null_check(p),
+    checks = [null_check(p)]
+    if length.isidentifier():   # a count the caller passes: never negative
+        checks.append(f"if ({length} < 0) throw new IllegalArgumentException("
+                      f"\"{length} \" + {length} + \" is negative\");")
+    return checks + [
             f"if ((long) {p}.length < (long) ({length})) "
             f"throw com.orvexa.internal.NativeCalls.tooShort(\"{p}\", {length}, {p}.length);"]
 
@@ -682,58 +737,210 @@ class OutScalar(Conversion):
 
 
 class IntBuffer(Conversion):
-    """`const int*&` next to its `int&` count: the toolkit's own memory as a
-    direct byte buffer, handed back in element 0 of a one-element Object[]."""
+    """`const int*&` next to its `int&` count (getPathCode): the toolkit's own
+    memory as a direct byte buffer of count x 4 bytes, handed back in element
+    0 of a one-element array (null when the toolkit gives no indices). The
+    count is no Java argument: it is the buffer's capacity. The Java method
+    sets the buffer to the platform's byte order, the order of the ints."""
     kind = "int_buffer"
     java_type = "Object[]"
     public_type = "java.nio.ByteBuffer[]"
     jni_type = "jobjectArray"
 
-    def __init__(self, count: str):
+    def __init__(self, count: str, count_first: bool = True):
         self.count = count
+        self.count_first = count_first
 
     def java_checks(self, p):
         return [null_check(p),
                 f"if ({p}.length < 1) throw com.orvexa.internal.NativeCalls.tooShort(\"{p}\", 1, {p}.length);"]
 
+    def java_after(self, p, ctx):
+        return [f"if ({p}[0] != null) {p}[0] = {p}[0].order(java.nio.ByteOrder.nativeOrder());"]
+
     def cpp_pre(self, p):
-        return [f"const int* {p}Tmp = nullptr;"]
+        return [f"int {self.count}Tmp = 0;", f"const int* {p}Tmp = nullptr;"]
 
     def cpp_arg(self, p):
-        return f"{p}Tmp"
+        return f"{self.count}Tmp, {p}Tmp" if self.count_first else f"{p}Tmp, {self.count}Tmp"
 
     def cpp_post(self, p):
         return [f"env->SetObjectArrayElement({p}, 0, {p}Tmp == nullptr ? nullptr : "
                 f"env->NewDirectByteBuffer(const_cast<int*>({p}Tmp), static_cast<jlong>({self.count}Tmp) * 4));"]
 
 
+def _addresses_of(list_expr: str, out: str) -> List[str]:
+    """Lines making `out`, a new long[] of the element addresses of the list
+    at `list_expr` (a pointer), in list order."""
+    return [f"std::vector<long long> addresses(static_cast<size_t>({list_expr}->getLength()));",
+            "for (size_t i = 0; i < addresses.size(); ++i)",
+            f"  addresses[i] = reinterpret_cast<long long>({list_expr}->get(static_cast<int>(i)));",
+            f"{out} = addresses.empty() ? env->NewLongArray(0)",
+            "    : ArrayHelper::fromNativeArray(env, addresses.data(), addresses.size());"]
+
+
 class PointerList(Conversion):
-    """A pointer list of the toolkit (SbPList and its kin): the element
-    addresses in list order, null for no list."""
+    """A pointer list of the toolkit whose elements are not objects of a
+    wrapped class (SbPList itself): the element addresses in list order,
+    null for no list."""
     kind = "plist"
     java_type = public_type = "long[]"
     jni_type = "jlongArray"
     jni_sig = "[J"
 
-    def __init__(self, by_pointer: bool):
+    def __init__(self, by_pointer: bool, cpp_class: str = "SbPList"):
         self.by_pointer = by_pointer
+        self.cpp_class = cpp_class
         if by_pointer:
             self.kind = "plist_ptr"
 
     def cpp_result(self, expr):
         if self.by_pointer:
-            head = [f"const SbPList* list = {expr};"]
+            head = [f"const {self.cpp_class}* list = {expr};"]
         else:  # by value or by reference: bind it (a temporary lives as long as the reference)
-            head = [f"const SbPList& listValue = {expr};", "const SbPList* list = &listValue;"]
-        return head + [
-            "jlongArray result = nullptr;",
-            "if (list != nullptr) {",
-            "  std::vector<long long> addresses(static_cast<size_t>(list->getLength()));",
-            "  for (size_t i = 0; i < addresses.size(); ++i)",
-            "    addresses[i] = reinterpret_cast<long long>(list->get(static_cast<int>(i)));",
-            "  result = addresses.empty() ? env->NewLongArray(0)",
-            "                             : ArrayHelper::fromNativeArray(env, addresses.data(), addresses.size());",
-            "}"]
+            head = [f"const {self.cpp_class}& listValue = {expr};", f"const {self.cpp_class}* list = &listValue;"]
+        return head + ["jlongArray result = nullptr;", "if (list != nullptr) {"] + \
+            ["  " + line for line in _addresses_of("list", "result")] + ["}"]
+
+
+@dataclass
+class ListType:
+    """A toolkit list class whose elements are objects of a wrapped class:
+    SoPathList of SoPath, SoNodeList and SoChildList of SoNode, SoFieldList of
+    SoField, SoPickedPointList of SoPickedPoint. It has getLength() and get(i)."""
+    cpp: str                  # the list class
+    elem: WrappedClass        # the element class
+    elem_java: str            # its Java name where the member is
+    elem_cpp: str
+    unreferenced: bool        # an SoBaseList: a local one is told not to reference its elements
+    appendable: bool          # has append(T*): Java can pass a list of elements in
+    # Elements that are not reference counted and live inside the receiver
+    # (the picked points of an action): their wrappers are lent by it. Fields
+    # live in their own containers, whichever object lists them.
+    lent: bool = False
+
+
+def _wrap_list(t: ListType, addresses: str, lender: str) -> str:
+    if t.lent and lender:
+        return f"com.orvexa.internal.NativeLists.lent({t.elem_java}.class, {addresses}, {lender})"
+    return f"com.orvexa.internal.NativeLists.managed({t.elem_java}.class, {addresses})"
+
+
+class ObjectList(Conversion):
+    """A list of wrapped objects as a result: the entry point returns the
+    element addresses as a long[] (null for no list); the Java method an
+    unmodifiable java.util.List holding the one Java object of each address
+    (the object manager's), or null when the toolkit gave no list. Objects
+    that are not reference counted are lent by the receiver."""
+    kind = "olist"
+    java_type = "long[]"
+    jni_type = "jlongArray"
+    jni_sig = "[J"
+
+    def __init__(self, t: ListType, by_pointer: bool):
+        self.t = t
+        self.by_pointer = by_pointer
+        self.public_type = f"java.util.List<{t.elem_java}>"
+
+    def cpp_result(self, expr):
+        return PointerList(self.by_pointer, self.t.cpp).cpp_result(expr)
+
+    def java_result(self, call, ctx):
+        return [f"return {_wrap_list(self.t, call([]), ctx.lender)};"]
+
+
+class ObjectListOut(Conversion):
+    """A non-const list reference the toolkit fills (getByName(name, list),
+    getFields(list)): the Java caller passes a java.util.List to which the
+    Java objects of the elements are added, in list order. The entry point
+    fills a local list (which does not reference its elements, so that
+    dropping it leaves their counts as they were) and stores the element
+    addresses as a long[] in element 0 of a one-element Object[]."""
+    kind = "olist_out"
+    java_type = "Object[]"
+    jni_type = "jobjectArray"
+    jni_sig = "[Ljava/lang/Object;"
+
+    def __init__(self, t: ListType):
+        self.t = t
+        self.public_type = f"java.util.List<? super {t.elem_java}>"
+
+    def java_checks(self, p):
+        return [null_check(p)]
+
+    def java_begin(self, p):
+        return [f"final Object[] {p}Out = new Object[1];"]
+
+    def java_pass(self, p):
+        return f"{p}Out"
+
+    def java_after(self, p, ctx):
+        return [f"{p}.addAll({_wrap_list(self.t, f'(long[]) {p}Out[0]', ctx.lender)});"]
+
+    def cpp_pre(self, p):
+        lines = [f"{self.t.cpp} {p}Tmp;"]
+        if self.t.unreferenced:
+            lines.append(f"{p}Tmp.addReferences(false);")
+        return lines
+
+    def cpp_arg(self, p):
+        return f"{p}Tmp"
+
+    def cpp_post(self, p):
+        return ["{", f"  jlongArray {p}Addresses = nullptr;", f"  const {self.t.cpp}* {p}List = &{p}Tmp;"] + \
+            ["  " + line for line in _addresses_of(f"{p}List", f"{p}Addresses")] + \
+            [f"  env->SetObjectArrayElement({p}, 0, {p}Addresses);", f"  env->DeleteLocalRef({p}Addresses);", "}"]
+
+
+class ObjectListIn(Conversion):
+    """A const list reference the toolkit reads (apply(const SoPathList&)):
+    the Java caller passes a java.util.List of wrappers, every element marked
+    in flight for the call; the entry point builds a local list of their
+    objects (not referencing them: the wrappers hold them)."""
+    kind = "olist_in"
+    java_type = "long[]"
+    jni_type = "jlongArray"
+    jni_sig = "[J"
+
+    def __init__(self, t: ListType):
+        self.t = t
+        self.public_type = f"java.util.List<? extends {t.elem_java}>"
+
+    def java_checks(self, p):
+        # The element class is checked too: a list that unchecked code filled
+        # with other wrappers must not reach the toolkit as these.
+        return [null_check(p),
+                f"for (int i = 0; i < {p}.size(); i++) {{",
+                f"  final Object element = {p}.get(i);",
+                f"  if (element == null) throw com.orvexa.internal.NativeCalls.nullArgument(\"{p}[\" + i + \"]\");",
+                f"  if (!(element instanceof {self.t.elem_java})) throw new IllegalArgumentException("
+                f"\"{p}[\" + i + \"] is a \" + element.getClass().getName());",
+                "}"]
+
+    def java_begin(self, p):
+        return [f"final com.orvexa.orvex.Orvex[] {p}Objects = {p}.toArray(new com.orvexa.orvex.Orvex[0]);",
+                f"final long[] {p}Handles = com.orvexa.internal.NativeCalls.beginAll({p}Objects);"]
+
+    def java_end(self, p):
+        return [f"com.orvexa.internal.NativeCalls.endAll({p}Objects);"]
+
+    def java_pass(self, p):
+        return f"{p}Handles"
+
+    def cpp_pre(self, p):
+        lines = [f"{self.t.cpp} {p}Tmp;"]
+        if self.t.unreferenced:
+            lines.append(f"{p}Tmp.addReferences(false);")
+        return lines + ["{",
+                        f"  ArrayHelper {p}HandleArrayHelper(env);",
+                        f"  const jsize count = env->GetArrayLength({p});",
+                        f"  const jlong* handles = {p}HandleArrayHelper.toNativeArray({p}, {READ_ONLY});",
+                        "  for (jsize i = 0; i < count; ++i)",
+                        f"    {p}Tmp.append(reinterpret_cast<{self.t.elem_cpp}*>(handles[i]));",
+                        "}"]
+
+    def cpp_arg(self, p):
+        return f"{p}Tmp"
 
 
 class ArrayResult(Conversion):

@@ -91,6 +91,9 @@ def _method(plan: ClassPlan, m: Method) -> List[str]:
     if m.is_ctor:
         if plan.kind == "value":
             body.append(f"new (self) {cls}({args});")
+        elif plan.self_counted:
+            body += [f"{cls}* object = new {cls}({args});", "object->ref();  // Java's reference",
+                     "return reinterpret_cast<jlong>(object);"]
         else:
             body.append(f"return reinterpret_cast<jlong>(new {cls}({args}));")
         out += ["  " + line for line in body] + ["}", ""]
@@ -212,7 +215,10 @@ def emit(plan: ClassPlan, classes: Dict[str, CClass], module: str) -> str:
     elif plan.kind == "owned":
         sym = jni_name(plan.package, binary + "$NativeResourceHandle", "deleteNativeHandleImpl")
         lines.append(f"JNIEXPORT void JNICALL {sym}(JNIEnv*, jclass, jlong address) {{")
-        if not plan.cls.has_public_dtor:
+        if plan.self_counted:
+            lines.append("  // Drops Java's reference; the object deletes itself with its last one.")
+            lines.append(f"  if (address != 0) reinterpret_cast<{cls}*>(address)->unref();")
+        elif not plan.cls.has_public_dtor:
             lines.append("  // Objects of this class are never Java's to delete: its destructor is not public.")
             lines.append("  (void)address;")
         elif plan.cls.has_virtual_dtor:

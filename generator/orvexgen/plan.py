@@ -59,6 +59,7 @@ class Method:
     defaults: List[Optional[str]] = field(default_factory=list)
     overloads: List[int] = field(default_factory=list)   # parameter counts of the default-argument overloads
     holds: str = ""           # the parameter whose object the receiver keeps using after the call
+    needs_applied: bool = False   # an action member that reads the traversal state
 
 
 @dataclass
@@ -82,6 +83,9 @@ class ClassPlan:
     extensible: bool = False
     to_array: bool = False    # an owned class whose objects arrive as arrays of copies (toArrayImpl)
     field_members: List[tuple] = field(default_factory=list)   # (name, Java field class) of a field container
+    # An owned class whose destructor is not public but that counts its own
+    # references (ref(), unref()): Java's reference is one count.
+    self_counted: bool = False
 
     @property
     def name(self) -> str:
@@ -159,7 +163,9 @@ def collect_wrapped(classes: Dict[str, CClass], all_rules: Dict[str, PackageRule
                 raise PlanError(f"{r.path}: {name} is declared in {cls.folder} (package {pkg})")
             if cls.outer and cls.outer not in r.classes:
                 raise PlanError(f"{r.path}: nested class {name} needs its enclosing class {cls.outer} in 'classes'")
-            if name in r.value:
+            if name in r.services:
+                out[name] = WrappedClass(name, pkg, "static")
+            elif name in r.value:
                 elem = _value_elem(classes, name)
                 length = cls.size // JAVA_ELEM_BYTES[elem]
                 if length * JAVA_ELEM_BYTES[elem] != cls.size:
@@ -217,7 +223,7 @@ def plan_class(name: str, classes: Dict[str, CClass], wrapped: Dict[str, Wrapped
             base_w = wrapped[b]
             java_base = base_w.qualified
             break
-    if not java_base and w.kind != "value":
+    if not java_base and w.kind not in ("value", "static"):
         java_base = "com.orvexa.orvex.misc.SoBase" if w.kind == "refcounted" else "com.orvexa.orvex.Orvex"
         if java_base == w.qualified:
             java_base = "com.orvexa.orvex.Orvex"   # the root of the reference-counted wrappers
@@ -229,6 +235,11 @@ def plan_class(name: str, classes: Dict[str, CClass], wrapped: Dict[str, Wrapped
 
     plan = ClassPlan(cls, w, rules, java_base, base_w, extensible=name in rules.extensible)
     plan.assumed_bytes = crules.assumed_bytes or cls.size
+    if w.kind == "owned" and not cls.has_public_dtor:
+        chain = [name] + [b for b in cparse.ancestors(classes, name) if b in classes]
+        members = [f for c in chain for f in classes[c].functions if f.access == "public" and not f.is_static]
+        plan.self_counted = any(f.name == "ref" and not f.params for f in members) and \
+            any(f.name == "unref" and all(p.has_default for p in f.params) for f in members)
     ctx = TypeContext(classes, wrapped, enums, w.package)
     ctx.owner = name
 
@@ -280,11 +291,14 @@ def plan_class(name: str, classes: Dict[str, CClass], wrapped: Dict[str, Wrapped
             m.skipped = "abstract class"
         elif f.access == "protected" and not plan.extensible:
             m.skipped = "protected member of a class Java does not extend"
+        elif w.kind == "static" and (f.is_ctor or not f.is_static):
+            m.skipped = "a class of static services has no Java objects"
         else:
             try:
                 _convert(m, plan, ctx, rules)
             except Unsupported as e:
                 m.skipped = str(e)
+        m.needs_applied = f.name in crules.applied or sig in crules.applied
         plan.methods.append(m)
     _check_rules_name_members(plan, crules, rules)
     _check_array_counts(plan, crules)
@@ -302,6 +316,7 @@ def _check_rules_name_members(plan: ClassPlan, crules, rules: PackageRules) -> N
                       ("holds", set(crules.holds))):
         problems += [f"{key} names no member {s!r}" for s in sorted(what - signatures)]
     problems += [f"exclude names no member {s!r}" for s in sorted(crules.exclude - signatures - names)]
+    problems += [f"applied names no member {s!r}" for s in sorted(crules.applied - signatures - names)]
     by_sig = {m.cfunc.signature: m.cfunc for m in plan.methods}
     for sig, params in crules.nullable.items():
         known = {p.name for p in by_sig[sig].params} if sig in by_sig else set()
@@ -379,13 +394,15 @@ def _convert(m: Method, plan: ClassPlan, ctx: TypeContext, rules: PackageRules) 
         names.append(pname)
     # Array lengths are Java expressions over the Java parameter names.
     renamed = {p.name: n for p, n in zip(params, names)}
+    buffer_counts = set()   # the `int&` counts of buffers: the buffer's capacity, no Java argument
     for i, p in enumerate(params):
         if f.is_variadic and i == len(params) - 1 and ctx.arg(p.type, mode).kind == "string":
             m.args.append(Param(names[i], ctx.format()))
             continue
         count = _buffer_count(params, i)
         if count is not None:
-            m.args.append(Param(names[i], ctx.int_buffer(names[count])))
+            m.args.append(Param(names[i], ctx.int_buffer(names[count], count_first=count < i)))
+            buffer_counts.add(count)
             continue
         length = lengths.get(p.name)
         if length is None:
@@ -404,6 +421,9 @@ def _convert(m: Method, plan: ClassPlan, ctx: TypeContext, rules: PackageRules) 
         m.args.append(Param(names[i], conv))
     m.defaults = [None if i >= len(params) else _java_default(params[i], m.args[i].conv, ctx)
                   for i in range(len(m.args))]
+    # A buffer's count is passed by the buffer's conversion, next to it.
+    m.args = [a for i, a in enumerate(m.args) if i not in buffer_counts]
+    m.defaults = [d for i, d in enumerate(m.defaults) if i not in buffer_counts]
     if f.is_variadic and not any(a.conv.kind == "format" for a in m.args):
         raise Unsupported("variadic member without a format string")
     m.holds = crules.holds.get(f.signature, "")
@@ -425,6 +445,8 @@ def _convert(m: Method, plan: ClassPlan, ctx: TypeContext, rules: PackageRules) 
             raise   # a package-wide rule that does not fit this class: not wrapped, as --report says
     else:
         m.result = ctx.result(f.result, plan.name, m.receiver)
+        if m.result.kind == "value" and any(a.conv.kind == "olist_out" for a in m.args):
+            raise Unsupported("a value result next to a list the toolkit fills")
         if m.operator and m.result.kind not in ("void", "self", "bool", "value", "prim", "handle_owned"):
             raise Unsupported(f"operator result {f.result.spelling}")
     if f.is_virtual and plan.extensible and f.access == "public" and not f.is_static:
@@ -471,7 +493,7 @@ RESERVED_NAMES = {"env", "clazz", "nativeObject", "returnedValue", "self", "resu
 
 # Parameter names that, next to a pointer to an array, give its element count
 # (setValues(int start, int num, const float* values), set(const char** words, int count)).
-COUNT_NAMES = ("num", "count", "numValues", "numElements")
+COUNT_NAMES = ("num", "count", "numValues", "numElements", "length")
 
 
 def _counted_by(params, i: int, names) -> Optional[str]:
@@ -501,21 +523,90 @@ def _buffer_count(params, i: int) -> Optional[int]:
     return None
 
 
+def _text_overload_of(m: Method, other: Method) -> bool:
+    """m differs from other only in taking SbString or SbName where other takes
+    const char* (the same Java String either way)."""
+    if len(m.args) != len(other.args):
+        return False
+    better = False
+    for a, b in zip(m.args, other.args):
+        ka, kb = a.conv.kind, b.conv.kind
+        if ka == kb == "string" and a.conv.cpp in ("SbString", "SbName") and b.conv.cpp == "const char*":
+            better = True
+        elif ka != kb or a.public_type != b.public_type:
+            return False
+    return better
+
+
+def _signedness_overload_of(m: Method, other: Method) -> bool:
+    """m differs from other only in the signedness of primitive (or
+    primitive out-parameter) types: one Java type stands for both."""
+    if len(m.args) != len(other.args) or m.cfunc.signature == other.cfunc.signature:
+        return False
+    differs = False
+    for a, b in zip(m.cfunc.params, other.cfunc.params):
+        ta, tb = a.type.strip_ref(), b.type.strip_ref()
+        if ta.kind == tb.kind == "prim" and ta.name != tb.name:
+            if PRIM_JAVA.get(ta.name) != PRIM_JAVA.get(tb.name):
+                return False
+            differs = True
+        elif ta.spelling != tb.spelling:
+            return False
+    return differs
+
+
+def _same_storage_overload_of(m: Method, other: Method) -> bool:
+    """m and other take the same Java arrays, and their C++ parameters differ
+    only in constness or in spelling one array of values two ways
+    (`const SbVec3f*` and `const float[][3]`): one native form serves both."""
+    if len(m.args) != len(other.args):
+        return False
+    differs = False
+    for a, b, pa, pb in zip(m.args, other.args, m.cfunc.params, other.cfunc.params):
+        if a.public_type != b.public_type or a.java_type != b.java_type:
+            return False
+        if pa.type.spelling != pb.type.spelling:
+            if not a.java_type.endswith("[]"):
+                return False
+            differs = True
+    return differs
+
+
 def check_public_signatures(plan: ClassPlan) -> None:
     """Two wrapped overloads must not end up with the same Java signature:
     the later one is not wrapped, and --report says which one it collides
     with (a rule then chooses: exclude one, or move it to the Java side).
     Overloads made from default arguments only fill signatures still free."""
     seen = {}
+    methods = {}
     for m in plan.wrapped_methods():
         if m.group == "equals" and m.operator == "==":
             continue   # becomes equals(Object)
         key = ("<init>" if m.is_ctor else m.group, tuple(a.public_type for a in m.args))
         if key in seen:
+            other = methods[key]
+            if _text_overload_of(m, other):
+                # Text as const char* and as SbString: one Java String form,
+                # native through the toolkit's string class, which holds any
+                # Java text.
+                other.skipped = (f"same Java signature as {m.cfunc.signature} ({m.group}({', '.join(key[1])}));"
+                                 f" the SbString form is the native one")
+                seen[key] = m.cfunc.signature
+                methods[key] = m
+                continue
+            if _signedness_overload_of(m, other):
+                m.skipped = (f"same Java signature as {seen[key]} ({m.group}({', '.join(key[1])})); "
+                             f"the signed Java type carries the unsigned values")
+                continue
+            if _same_storage_overload_of(m, other):
+                m.skipped = (f"same Java signature as {seen[key]} ({m.group}({', '.join(key[1])})); "
+                             f"both read the same Java array (constness or array shape differ only)")
+                continue
             m.skipped = (f"same Java signature as {seen[key]} ({m.group}({', '.join(key[1])})); "
                          f"exclude one of them in the rules")
             continue
         seen[key] = m.cfunc.signature
+        methods[key] = m
     for m in plan.wrapped_methods():
         if m.is_ctor and plan.kind == "value":
             continue   # value constructors pass through this(...), which must come first

@@ -3,6 +3,8 @@
 Keys (all optional):
   classes            classes of the header folder to wrap (default: none)
   value              classes that are array-backed value types
+  services           classes of static members only (SoDB, SoPreferences):
+                     Java classes with static methods and no objects
   extensible         classes that Java may subclass (guards are generated)
   exclude            member names never wrapped (every class)
   operators          table: C++ operator -> Java method name
@@ -29,6 +31,10 @@ Keys (all optional):
     array_lengths    table: signature -> { parameter = Java expression over
                      the other parameters }: how many elements a pointer to
                      an array holds (values, for arrays of value types)
+    applied          members of an action (names: every overload; or
+                     signatures) that read the traversal state, which only
+                     exists while the action is being applied: called on an
+                     idle action they throw IllegalStateException
     index_bounds     table: signature -> { parameter = Java expression }: the
                      parameter is an index that must lie in [0, expression)
                      (write "<= expr" for an inclusive bound, as an insertion
@@ -78,6 +84,7 @@ class ClassRules:
     forward: List[str] = field(default_factory=list)
     index_bounds: Dict[str, Dict[str, str]] = field(default_factory=dict)
     holds: Dict[str, str] = field(default_factory=dict)
+    applied: Set[str] = field(default_factory=set)
 
 
 @dataclass
@@ -86,6 +93,7 @@ class PackageRules:
     path: str
     classes: List[str] = field(default_factory=list)
     value: Set[str] = field(default_factory=set)
+    services: Set[str] = field(default_factory=set)
     extensible: Set[str] = field(default_factory=set)
     exclude: Set[str] = field(default_factory=set)
     operators: Dict[str, str] = field(default_factory=dict)
@@ -100,10 +108,10 @@ class PackageRules:
         return self.per_class.get(name, ClassRules())
 
 
-_TOP = {"classes", "value", "extensible", "exclude", "operators", "read_write", "class", "java_names", "carried_by",
+_TOP = {"classes", "value", "services", "extensible", "exclude", "operators", "read_write", "class", "java_names", "carried_by",
         "array_results", "index_bounds"}
 _CLASS = {"java_side", "exclude", "reserve", "assumed_bytes", "array_results", "nullable", "array_lengths",
-          "forward", "index_bounds", "holds"}
+          "forward", "index_bounds", "holds", "applied"}
 
 
 def load(path: str) -> PackageRules:
@@ -116,6 +124,7 @@ def load(path: str) -> PackageRules:
     r = PackageRules(package=package, path=path)
     r.classes = list(data.get("classes", []))
     r.value = set(data.get("value", []))
+    r.services = set(data.get("services", []))
     r.extensible = set(data.get("extensible", []))
     r.exclude = set(data.get("exclude", []))
     r.operators = dict(data.get("operators", {}))
@@ -146,8 +155,9 @@ def load(path: str) -> PackageRules:
             array_results=dict(c.get("array_results", {})),
             forward=[sig(x) for x in c.get("forward", [])],
             index_bounds={sig(k): dict(v) for k, v in c.get("index_bounds", {}).items()},
-            holds={sig(k): str(v) for k, v in c.get("holds", {}).items()})
-    for v in r.value | r.extensible:
+            holds={sig(k): str(v) for k, v in c.get("holds", {}).items()},
+            applied={sig(x) for x in c.get("applied", [])})
+    for v in r.value | r.extensible | r.services:
         if v not in r.classes:
             raise ValueError(f"{path}: {v} is listed but not in 'classes'")
     return r

@@ -6,8 +6,9 @@ from typing import Dict, Optional
 
 from .cmodel import CClass, CType
 from .conversions import (READ_ONLY, READ_WRITE, ArrayResult, PrimArrayResult, Bool, Conversion, Enum, Format, Handle,
-                          HandleArray, IntBuffer, OutScalar, OwnedCopy, PointerList, PrimArray, Primitive, Self,
-                          String, StringArray, TypeName, Unsupported, Value, ValueRef, Void, WrappedClass)
+                          HandleArray, IntBuffer, ListType, ObjectList, ObjectListIn, ObjectListOut, OutScalar,
+                          OutString, OwnedCopy, PointerList, PrimArray, Primitive, Self, String, StringArray, TypeName,
+                          Unsupported, Value, ValueRef, Void, WrappedClass)
 from .cparse import ancestors
 
 __all__ = ["PRIM_JAVA", "JAVA_ELEM_BYTES", "READ_ONLY", "READ_WRITE", "TypeContext", "Unsupported",
@@ -57,8 +58,18 @@ class TypeContext:
             return self._out_scalar(base)
         if base.kind == "class" and base.name in STRING_CLASSES and (not is_ref or base.const):
             return String(base.name)
+        if base.kind == "class" and base.name in STRING_CLASSES and is_ref:
+            return OutString(base.name)
         if t.kind == "ptr" and _is_const_char(base.inner):
             return String("const char*", nullable)
+        if is_ref and base.kind == "class":
+            lt = self.list_type(base.name)
+            if lt is not None:
+                if base.const:
+                    if not lt.appendable:
+                        raise Unsupported(f"{base.name} cannot be built from Java (no append)")
+                    return ObjectListIn(lt)
+                return ObjectListOut(lt)
         if base.kind == "class" and base.name == "SoType" and (not is_ref or base.const):
             return TypeName()
         if base.kind == "class" and base.name in self.wrapped:
@@ -87,8 +98,42 @@ class TypeContext:
                               applied=self._traversal_action(inner.name))
             raise Unsupported(f"pointer to {inner.name}, which is not wrapped")
         if t.kind in ("array", "ptr") or (is_ref and base.kind == "array"):
+            if base.inner is not None and base.inner.kind == "void":
+                raise Unsupported(f"parameter {t.spelling}: an untyped pointer has no Java form")
             return self._array_arg(t, mode, length)
-        raise Unsupported(f"parameter type {t.spelling}")
+        raise Unsupported(_why_not(t, "parameter"))
+
+    def list_type(self, name: str) -> Optional[ListType]:
+        """The list class `name` when its elements are objects of a wrapped
+        class: it (or a base) has `int getLength() const` and `T* get(int)
+        const` with T wrapped and handle-backed. None otherwise."""
+        if name not in self.classes:
+            return None
+        chain = [name] + list(ancestors(self.classes, name))
+        functions = [f for c in chain if c in self.classes for f in self.classes[c].functions if f.access == "public"]
+        if not any(f.name == "getLength" and not f.params for f in functions):
+            return None
+        for f in functions:   # the most derived get() first: SoPathList's, not SbPList's void*
+            if f.name != "get" or len(f.params) != 1 or f.is_static:
+                continue
+            r = f.result
+            if r.kind != "ptr" or r.inner is None or r.inner.kind != "class":
+                return None
+            w = self.wrapped.get(r.inner.name)
+            if w is None or w.kind == "value":
+                return None
+            appendable = any(g.name == "append" and len(g.params) == 1 and g.params[0].type.kind == "ptr"
+                             and g.params[0].type.inner is not None and g.params[0].type.inner.name == r.inner.name
+                             for g in functions)
+            is_field = r.inner.name == "SoField" or "SoField" in ancestors(self.classes, r.inner.name)
+            # Fields live in their containers: lent by the receiver when it is
+            # the container listing its own fields.
+            own_fields = is_field and bool(self.owner) and \
+                (self.owner == "SoFieldContainer" or "SoFieldContainer" in ancestors(self.classes, self.owner))
+            return ListType(name, w, self.java_name(w), r.inner.name, unreferenced="SoBaseList" in chain,
+                            appendable=appendable,
+                            lent=w.kind != "refcounted" and (not is_field or own_fields))
+        return None
 
     def _traversal_action(self, cls: str) -> bool:
         """An action handed to a member of a traversed class (a node's or an
@@ -113,8 +158,8 @@ class TypeContext:
             return HandleArray(self.java_name(self.wrapped[target.name]), elem.spelling, length)
         raise Unsupported(f"array of pointers {elem.spelling}")
 
-    def int_buffer(self, count: str) -> Conversion:
-        return IntBuffer(count)
+    def int_buffer(self, count: str, count_first: bool = True) -> Conversion:
+        return IntBuffer(count, count_first)
 
     def enum_binary(self, name: str) -> str:
         owner, enum = self.enums[name]
@@ -192,9 +237,13 @@ class TypeContext:
         if base.kind == "class" and base.name == "SoType" and not is_ref:
             return TypeName()
         target = base.inner if t.kind == "ptr" else base
+        if target is not None and target.kind == "class":
+            lt = self.list_type(target.name)
+            if lt is not None:
+                return ObjectList(lt, by_pointer=t.kind == "ptr")
         if target is not None and target.kind == "class" and \
                 (target.name == "SbPList" or "SbPList" in ancestors(self.classes, target.name)):
-            return PointerList(by_pointer=t.kind == "ptr")
+            return PointerList(by_pointer=t.kind == "ptr", cpp_class=target.name)
         if target is not None and target.kind == "class" and target.name in self.wrapped:
             w = self.wrapped[target.name]
             jt = self.java_name(w)
@@ -208,7 +257,7 @@ class TypeContext:
                 return Handle(w, jt, target.name, by_ref=is_ref, nullable=True)
             if w.kind == "owned":
                 return OwnedCopy(w, jt, target.name)
-        raise Unsupported(f"result {t.spelling}")
+        raise Unsupported(_why_not(t, "result"))
 
     def array_result(self, t: CType, count_cpp: str = "") -> Conversion:
         target = t.inner if t.kind == "ptr" else None
@@ -223,6 +272,25 @@ class TypeContext:
 
     def format(self) -> Conversion:
         return Format()
+
+
+def _why_not(t: CType, what: str) -> str:
+    """Why a parameter or result type has no conversion, in the report's words."""
+    base = t.strip_ref()
+    if base.kind == "funcptr" or (base.kind == "ptr" and base.inner is not None and base.inner.kind == "funcptr"):
+        return f"{what} {t.spelling}: a toolkit callback, registered through a Java callback object"
+    if base.kind == "ptr" and base.inner is not None and base.inner.kind == "void":
+        return f"{what} {t.spelling}: an untyped pointer has no Java form"
+    if base.kind == "ptr" and base.inner is not None and base.inner.kind == "ptr":
+        return f"{what} {t.spelling}: a pointer to pointers without a count has no Java form"
+    if base.kind == "ptr" and base.inner is not None and base.inner.kind in ("prim", "bool"):
+        return f"{what} {t.spelling}: a pointer to values without a count"
+    if "<" in t.spelling:
+        return f"{what} {t.spelling}: a C++ template type has no Java form"
+    target = base.inner if base.kind == "ptr" else base
+    if target is not None and target.kind == "class" and target.name:
+        return f"{what} {t.spelling}: {target.name} is not wrapped"
+    return f"{what} type {t.spelling}"
 
 
 def _is_const_char(t: Optional[CType]) -> bool:

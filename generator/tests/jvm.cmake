@@ -37,3 +37,7 @@ orvex_add_junit_test(jvm.generated.everyclass CLASSES com.orvexa.orvex.EveryWrap
 orvex_add_junit_test(jvm.generated.render CLASSES com.orvexa.orvex.RenderFromJavaTest)
 set_property(TEST jvm.generated.render PROPERTY ENVIRONMENT_MODIFICATION "DISPLAY=unset:" "WAYLAND_DISPLAY=unset:")
 orvex_add_junit_test(jvm.generated.fieldvalues CLASSES com.orvexa.orvex.FieldValuesInBulkTest)
+orvex_add_junit_test(jvm.generated.services CLASSES com.orvexa.orvex.ServicesAndListsTest)
+# A small heap: wrappers are collected often, and leaks show early.
+orvex_add_junit_test(jvm.generated.lifetime CLASSES com.orvexa.orvex.NativeLifetimeTest JVM_OPTIONS -Xmx32m)
+orvex_add_junit_test(jvm.generated.plainarguments CLASSES com.orvexa.orvex.EveryMemberWithPlainArgumentsTest)

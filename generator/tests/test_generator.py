@@ -168,6 +168,9 @@ class FixtureCpp(unittest.TestCase):
         codes = self.body("ProbeList", "getCodesImpl")
         self.assertIn("env->NewDirectByteBuffer(const_cast<int*>(codesTmp), static_cast<jlong>(countTmp) * 4)", codes)
         self.assertIn("env->SetObjectArrayElement(codes, 0,", codes)
+        # The count is the buffer's capacity, no Java argument.
+        self.assertIn("getCodesImpl(JNIEnv* env, jclass, jlong nativeObject, jobjectArray codes)", codes)
+        self.assertIn("int countTmp = 0;", codes)
 
     def test_enum_constants(self):
         text = self.cpp["GuardProbe"]
@@ -550,6 +553,125 @@ class ToolkitHeaders(unittest.TestCase):
                        "Java_com_orvexa_orvex_errors_SoErrorStack_00024StackFrame_00024NativeResourceHandle_"
                        "deleteNativeHandleImpl("):
             self.assertIn(symbol, cpp)
+
+
+class ServicesAndLists(unittest.TestCase):
+    """Toolkit types, lists, out-strings and the root services on the toolkit's headers."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.classes, plans = main.build_plans(TOOLKIT_INCLUDE, os.path.join(GENERATOR, "rules"))
+        cls.plans = {p.name: p for p in plans}
+
+    def java(self, name):
+        return emit_java.emit(self.plans[name], None, list(self.plans.values()))
+
+    def cpp(self, name):
+        return emit_cpp.emit(self.plans[name], self.classes, "orvexjava")
+
+    def method(self, cls, native):
+        return next(m for m in self.plans[cls].methods if m.native_name == native)
+
+    def test_toolkit_types_are_names_with_class_overloads(self):
+        java = self.java("SoSearchAction")
+        self.assertIn("  public void setType(String type, boolean derivedIsOk) {", java)
+        self.assertIn("  public void setType(Class<? extends com.orvexa.orvex.Orvex> type, boolean derivedIsOk) {\n"
+                      "    setType(com.orvexa.internal.TypeNames.of(type, \"type\"), derivedIsOk);", java)
+        # The default-argument form has its class overload too.
+        self.assertIn("  public void setType(Class<? extends com.orvexa.orvex.Orvex> type) {\n"
+                      "    setType(com.orvexa.internal.TypeNames.of(type, \"type\"), true);", java)
+        self.assertIn("SoType::fromName(SbName(typeTypeNameHelper.toUTFString()))", self.cpp("SoSearchAction"))
+        # Results: the name.
+        self.assertEqual(self.method("SoDB", "getConverterImpl").result.public_type, "String")
+
+    def test_lists_of_wrapped_objects_are_java_lists(self):
+        paths = self.method("SoSearchAction", "getPathsImpl")
+        self.assertEqual((paths.result.kind, paths.result.java_type, paths.result.public_type),
+                         ("olist", "long[]", "java.util.List<com.orvexa.orvex.SoPath>"))
+        self.assertIn("return com.orvexa.internal.NativeLists.managed(com.orvexa.orvex.SoPath.class, "
+                      "getPathsImpl(self));", self.java("SoSearchAction"))
+        # Picked points live in the action: lent by it. SoPickedPointList is no SbPList.
+        self.assertIn("NativeLists.lent(com.orvexa.orvex.SoPickedPoint.class, getPickedPointListImpl(self), this)",
+                      self.java("SoRayPickAction"))
+        cpp = self.cpp("SoRayPickAction")
+        self.assertIn("const SoPickedPointList& listValue = self->getPickedPointList();", cpp)
+        self.assertIn("addresses[i] = reinterpret_cast<long long>(list->get(static_cast<int>(i)));", cpp)
+        # A list given as a pointer may be absent: null.
+        self.assertIn("if (list != nullptr) {", self.cpp("SoAction"))
+        # Nodes of a child list.
+        self.assertEqual(self.method("SoGroup", "getChildrenImpl").result.public_type,
+                         "java.util.List<SoNode>")
+
+    def test_lists_the_toolkit_fills_are_java_lists_the_caller_passes(self):
+        m = self.method("SoNode", "getByNameImpl1")
+        self.assertEqual(m.args[1].public_type, "java.util.List<? super SoNode>")
+        java = self.java("SoNode")
+        self.assertIn("final Object[] listOut = new Object[1];", java)
+        self.assertIn("final int nativeResult = getByNameImpl1(name, listOut);\n"
+                      "    list.addAll(com.orvexa.internal.NativeLists.managed(SoNode.class, (long[]) listOut[0]));\n"
+                      "    return nativeResult;", java)
+        cpp = self.cpp("SoNode")
+        # The local list does not reference the nodes: dropping it leaves their counts alone.
+        self.assertIn("SoNodeList listTmp;\n  listTmp.addReferences(false);", cpp)
+        self.assertIn("env->SetObjectArrayElement(list, 0, listAddresses);", cpp)
+
+    def test_const_lists_are_built_from_the_callers_java_list(self):
+        m = self.method("SoAction", "applyImpl2")
+        self.assertEqual(m.args[0].public_type, "java.util.List<? extends com.orvexa.orvex.SoPath>")
+        java = self.java("SoAction")
+        self.assertIn("    for (int i = 0; i < pathList.size(); i++) {\n"
+                      "      final Object element = pathList.get(i);\n"
+                      "      if (element == null) throw com.orvexa.internal.NativeCalls.nullArgument(", java)
+        self.assertIn("      if (!(element instanceof com.orvexa.orvex.SoPath)) throw new IllegalArgumentException(", java)
+        self.assertIn("NativeCalls.beginAll(pathListObjects);", java)
+        self.assertIn("pathListTmp.append(reinterpret_cast<SoPath*>(handles[i]));", self.cpp("SoAction"))
+
+    def test_written_strings_come_back_in_one_element_arrays(self):
+        m = self.method("SoFieldContainer", "getFieldNameImpl")
+        self.assertEqual([a.java_type for a in m.args], ["long", "String[]"])
+        cpp = self.cpp("SoFieldContainer")
+        self.assertIn("SbName fieldNameTmp;", cpp)
+        self.assertIn("StringHelper::fromNativeString(env, fieldNameTmp);", cpp)
+
+    def test_text_overloads_keep_the_sbstring_form_native(self):
+        names = {m.native_name for m in self.plans["SoInput"].wrapped_methods()}
+        self.assertTrue({"pushFileImpl1", "addDirectoryFirstImpl1", "addEnvDirectoriesFirstImpl1",
+                         "removeDirectoryImpl1", "findAbsolutePathImpl", "findAbsolutePathImpl1"} <= names, names)
+        self.assertNotIn("pushFileImpl", names)
+        self.assertIn("the SbString form is the native one", self.method("SoInput", "pushFileImpl").skipped)
+
+    def test_static_service_classes_have_no_objects(self):
+        db = self.plans["SoDB"]
+        self.assertEqual((db.kind, db.java_base), ("static", ""))
+        java = self.java("SoDB")
+        self.assertIn("public class SoDB {", java)
+        self.assertIn("  protected SoDB() {", java)
+        self.assertNotIn("NativeResourceHandle", java)
+        names = {m.native_name for m in db.wrapped_methods()}
+        for n in ("addConverterImpl", "getConverterImpl", "removeConverterImpl", "addPluginImpl", "removePluginImpl",
+                  "addPluginsDirectoryImpl", "removePluginsDirectoryImpl", "createGlobalFieldImpl",
+                  "getGlobalFieldImpl", "createRouteImpl", "removeRouteImpl",
+                  "getCurrentTimeImpl", "getDelaySensorTimeoutImpl", "setDelaySensorTimeoutImpl",
+                  "getRealTimeIntervalImpl", "setRealTimeIntervalImpl", "getNumRenderCachesImpl",
+                  "setNumRenderCachesImpl", "getRenderCacheModeImpl", "setRenderCacheModeImpl",
+                  "isPrioritizedChildrenCachingImpl", "prioritizeChildrenCachingImpl", "getHeaderStringImpl",
+                  "getNumHeadersImpl", "getVersionImpl", "isMultiThreadImpl", "processEventsImpl",
+                  "getTuneLuxAllowedImpl",
+                  "setTuneLuxAllowedImpl", "readNodeImpl", "readAllImpl", "isValidHeaderImpl"):
+            self.assertIn(n, names)
+        self.assertIn("ctorImpl", {m.native_name for m in db.methods if m.skipped})
+        # Guarded on the Java side, over hand-written entry points of the same names.
+        java_side = {m.native_name for m in db.methods if m.skipped == "implemented on the Java side"}
+        self.assertTrue({"readlockImpl", "readunlockImpl", "writelockImpl", "writeunlockImpl",
+                         "renameGlobalFieldImpl"} <= java_side, java_side)
+
+    def test_objects_that_count_their_own_references(self):
+        cache = self.plans["SoBoundingBoxCache"]
+        self.assertTrue(cache.self_counted)
+        cpp = self.cpp("SoBoundingBoxCache")
+        self.assertIn("object->ref();  // Java's reference", cpp)
+        self.assertIn("if (address != 0) reinterpret_cast<SoBoundingBoxCache*>(address)->unref();", cpp)
+        self.assertFalse(self.plans["SoInput"].self_counted)
 
 
 if __name__ == "__main__":

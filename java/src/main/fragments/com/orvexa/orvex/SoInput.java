@@ -76,3 +76,27 @@ import java.lang.ref.Cleaner;
   private native void setBufferImpl2(long handle, String text, int size);
 
   private static native void freeBufferImpl(long block);
+
+  /** The parameters set last, kept reachable while this input may read them. */
+  private SoInputParameters inputParameters;
+
+  /**
+   * Reads with the limits of {@code parameters} (null: this input's own).
+   * This input keeps the parameters alive while it uses them.
+   */
+  public void setInputParameters(SoInputParameters parameters) {
+    final long self = com.orvexa.internal.NativeCalls.begin(this, "this");
+    try {
+      final long parametersHandle = com.orvexa.internal.NativeCalls.beginOrNull(parameters);
+      try {
+        setInputParametersImpl(self, parametersHandle);
+        inputParameters = parameters;
+      } finally {
+        com.orvexa.internal.NativeCalls.end(parameters);
+      }
+    } finally {
+      com.orvexa.internal.NativeCalls.end(this);
+    }
+  }
+
+  private static native void setInputParametersImpl(long handle, long parameters);

@@ -22,3 +22,26 @@
 
   /** The address of the field named {@code name} of the container, 0 for none. */
   static native long getFieldHandle(long container, String name);
+
+  /**
+   * Adds the fields of this container to {@code list}, in the container's
+   * order; answers how many were added. Each field's wrapper keeps this
+   * container reachable, as the container owns the field.
+   */
+  public int getFields(java.util.List<? super SoField> list) {
+    if (list == null) throw com.orvexa.internal.NativeCalls.nullArgument("list");
+    final long self = com.orvexa.internal.NativeCalls.begin(this, "this");
+    try {
+      SoField[] fields = getFieldsNativ(self);
+      for (SoField field : fields) {
+        if (field.owner == null) field.owner = this;
+        list.add(field);
+      }
+      return fields.length;
+    } finally {
+      com.orvexa.internal.NativeCalls.end(this);
+    }
+  }
+
+  /** The container's fields, each the one Java object of its address (no e: the entry point's name). */
+  static native SoField[] getFieldsNativ(long container);
