@@ -11,6 +11,7 @@ class SoSeparator;
 class SoSensor;
 class SoTimerSensor;
 class SoSensorManager;
+class SoSystemTimer;
 
 // Called when a file with a registered header is opened (pre) and when it is
 // closed (post), with the data given at registration and the input.
@@ -74,6 +75,17 @@ class SoDB {
   // sensors included). Sensors scheduled by the firing sensors wait for the
   // next pass.
   static void processEvents();
+
+  // A timer of the host system that drives the timer queue: once set, the
+  // database gives it a task and arms it whenever the earliest timer sensor
+  // changes (see SoSystemTimer), so the timer sensors fire without the
+  // application processing the queue. The database keeps a reference to the
+  // timer while it is set. Setting another timer, or null, stops the
+  // previous one, takes its task back and releases it; with null the timer
+  // queue is again processed only by the application (processEvents(), or
+  // the sensor manager's processTimerQueue()).
+  static void setSystemTimer(SoSystemTimer* timer);
+  static SoSystemTimer* getSystemTimer();
 
   // A process-wide reader-writer lock for applications that share scene
   // graphs between threads: any number of readers, or one writer. Each
