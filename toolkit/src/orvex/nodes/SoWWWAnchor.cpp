@@ -108,6 +108,7 @@ void SoWWWAnchor::handleEvent(SoHandleEventAction* action) {
 
 void SoWWWAnchor::copyContents(const SoFieldContainer* from, bool copyConnections) {
   SoSeparator::copyContents(from, copyConnections);
+  if (!from->isOfType(getClassTypeId())) return;  // only another SoWWWAnchor has more to copy
   const auto* source = static_cast<const SoWWWAnchor*>(from);
   m_fullURLName = source->m_fullURLName;
   m_hasFullURLName = source->m_hasFullURLName;

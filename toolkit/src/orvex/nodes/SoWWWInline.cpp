@@ -187,6 +187,7 @@ bool SoWWWInline::readInstance(SoInput* in, unsigned short flags) {
 
 void SoWWWInline::copyContents(const SoFieldContainer* from, bool copyConnections) {
   SoNode::copyContents(from, copyConnections);
+  if (!from->isOfType(getClassTypeId())) return;  // only another SoWWWInline has more to copy
   const auto* source = static_cast<const SoWWWInline*>(from);
   m_fullURLName = source->m_fullURLName;
   m_hasFullURLName = source->m_hasFullURLName;
