@@ -6,12 +6,14 @@
 #include <Orvex/nodes/SoLight.h>
 #include <Orvex/nodes/SoNode.h>
 #include <Orvex/nodes/SoShape.h>
+#include <Orvex/nodes/SoWWWInline.h>
 
 #include <GL/gl.h>
 
 #include <mutex>
 
 #include "actions/EnabledElements.h"
+#include "render/GLInlineBox.h"
 #include "render/GLLights.h"
 #include "render/GLRenderCaches.h"
 #include "render/GLShapeDrawer.h"
@@ -28,6 +30,7 @@ void SoGLRenderAction::initClass() {
     SO_ACTION_ADD_METHOD(SoNode, &SoGLRenderAction::renderNode);
     SO_ACTION_ADD_METHOD(SoShape, &SoGLRenderAction::renderShape);
     SO_ACTION_ADD_METHOD(SoLight, &SoGLRenderAction::renderLight);
+    SO_ACTION_ADD_METHOD(SoWWWInline, &orvex::renderWWWInline);
     orvex::enableShapeElements<SoGLRenderAction>();
     SO_ENABLE(SoGLRenderAction, SoGLLightIdElement);
   });
