@@ -91,10 +91,13 @@ void SoWWWInline::requestURLData() {
   if (!fetch) return;
   m_requested = true;
   // The function may drop the last reference to this node (replacing the
-  // graph that holds it); keep the node alive until the call is over.
-  ref();
+  // graph that holds it); keep a referenced node alive until the call is
+  // over. An unreferenced one is left as it is, so that the guard itself
+  // does not delete it.
+  const bool guard = getRefCount() > 0;
+  if (guard) ref();
   fetch(getFullURLName(), fetchData, this);
-  unref();
+  if (guard) unref();
 }
 
 void SoWWWInline::setFetchURLCallBack(SoWWWInlineFetchURLCB* f, void* userData) {

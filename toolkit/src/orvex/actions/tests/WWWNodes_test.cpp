@@ -18,6 +18,7 @@
 #include <Orvex/nodes/SoTranslation.h>
 #include <Orvex/nodes/SoWWWAnchor.h>
 #include <Orvex/nodes/SoWWWInline.h>
+#include <Orvex/sensors/SoNodeSensor.h>
 
 #include <cstdio>
 #include <string>
@@ -437,6 +438,51 @@ TEST_F(WWWAnchor, ScenesKeepItsFieldsAndChildren) {
   ASSERT_EQ(p->getTypeId(), SoWWWAnchor::getClassTypeId());
   EXPECT_EQ(p->name.getValue(), "<Undefined URL>");
   EXPECT_EQ(p->map.getValue(), SoWWWAnchor::NONE);
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(WWWInline, AFetchFunctionMayReplaceTheGraphHoldingTheNode) {
+  // The only reference to the inline is its parent's; the function lets the
+  // parent go. The node goes with it, once the request is over.
+  struct Holder {
+    SoSeparator* parent = nullptr;
+    int calls = 0;
+    static void dropParent(const SbString&, void* data, SoWWWInline* node) {
+      auto* h = static_cast<Holder*>(data);
+      ++h->calls;
+      node->setChildData(new SoSphere);
+      h->parent->unref();
+      h->parent = nullptr;
+    }
+  } holder;
+  holder.parent = new SoSeparator;
+  holder.parent->ref();
+  auto* node = new SoWWWInline;
+  holder.parent->addChild(node);
+  bool deleted = false;
+  SoNodeSensor watch;
+  watch.setDeleteCallback([](void* d, SoSensor*) { *static_cast<bool*>(d) = true; }, &deleted);
+  watch.attach(node);
+  SoWWWInline::setFetchURLCallBack(&Holder::dropParent, &holder);
+  node->requestURLData();
+  EXPECT_EQ(holder.calls, 1);
+  EXPECT_EQ(holder.parent, nullptr);
+  EXPECT_TRUE(deleted);
+
+  // An unreferenced node survives its own request.
+  SoWWWInline::setFetchURLCallBack(&FetchLog::fetch, &log);
+  auto* loose = new SoWWWInline;
+  deleted = false;
+  watch.attach(loose);
+  loose->requestURLData();
+  EXPECT_FALSE(deleted);
+  EXPECT_EQ(log.nodes.back(), loose);
+  loose->ref();
+  loose->unref();
+  EXPECT_TRUE(deleted);
 }
 
 }  // namespace
