@@ -181,7 +181,9 @@ class SoDB {
   // The pre callback of a header runs when a file with that header is
   // opened, before anything is read from it; the post callback when the
   // file is closed (closeFile(), another file opened, the input destroyed,
-  // or a pushed file read to its end).
+  // or a pushed file read to its end). Both get the data given at
+  // registration and the input, on which the file is the current one (its
+  // name, header and version) while they run.
   static bool isValidHeader(const char* testString);
   static bool registerHeader(const SbString& headerString, bool isBinary, float ivVersion,
                              SoDBHeaderCB* preCB = nullptr, SoDBHeaderCB* postCB = nullptr,
