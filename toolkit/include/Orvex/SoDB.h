@@ -11,6 +11,7 @@ class SoSeparator;
 class SoSensor;
 class SoTimerSensor;
 class SoSensorManager;
+class SoSystemTimer;
 
 // Called when a file with a registered header is opened (pre) and when it is
 // closed (post), with the data given at registration and the input.
@@ -74,6 +75,17 @@ class SoDB {
   // sensors included). Sensors scheduled by the firing sensors wait for the
   // next pass.
   static void processEvents();
+
+  // A timer of the host system that drives the timer queue: once set, the
+  // database gives it a task and arms it whenever the earliest timer sensor
+  // changes (see SoSystemTimer), so the timer sensors fire without the
+  // application processing the queue. The database keeps a reference to the
+  // timer while it is set. Setting another timer, or null, stops the
+  // previous one, takes its task back and releases it; with null the timer
+  // queue is again processed only by the application (processEvents(), or
+  // the sensor manager's processTimerQueue()).
+  static void setSystemTimer(SoSystemTimer* timer);
+  static SoSystemTimer* getSystemTimer();
 
   // A process-wide reader-writer lock for applications that share scene
   // graphs between threads: any number of readers, or one writer. Each
@@ -169,7 +181,9 @@ class SoDB {
   // The pre callback of a header runs when a file with that header is
   // opened, before anything is read from it; the post callback when the
   // file is closed (closeFile(), another file opened, the input destroyed,
-  // or a pushed file read to its end).
+  // or a pushed file read to its end). Both get the data given at
+  // registration and the input, on which the file is the current one (its
+  // name, header and version) while they run.
   static bool isValidHeader(const char* testString);
   static bool registerHeader(const SbString& headerString, bool isBinary, float ivVersion,
                              SoDBHeaderCB* preCB = nullptr, SoDBHeaderCB* postCB = nullptr,

@@ -21,6 +21,7 @@
 #include <Orvex/nodes/SoNode.h>
 #include <Orvex/nodes/SoShape.h>
 #include <Orvex/nodes/SoText2.h>
+#include <Orvex/nodes/SoWWWInline.h>
 
 #include <GL/gl.h>
 
@@ -31,6 +32,7 @@
 
 #include "actions/EnabledElements.h"
 #include "render/GLDelayedShapes.h"
+#include "render/GLInlineBox.h"
 #include "render/GLLights.h"
 #include "render/GLPassAccumulator.h"
 #include "render/GLRenderCaches.h"
@@ -64,6 +66,7 @@ void SoGLRenderAction::initClass() {
     SO_ACTION_ADD_METHOD(SoShape, &SoGLRenderAction::renderShape);
     SO_ACTION_ADD_METHOD(SoLight, &SoGLRenderAction::renderLight);
     SO_ACTION_ADD_METHOD(SoText2, &orvex::renderText2);
+    SO_ACTION_ADD_METHOD(SoWWWInline, &orvex::renderWWWInline);
     orvex::enableShapeElements<SoGLRenderAction>();
     SO_ENABLE(SoGLRenderAction, SoGLLightIdElement);
     // The OpenGL kinds of the shape elements take their places in the

@@ -4,6 +4,7 @@ set(ORVEX_SOURCES
   SoDB.cpp
   SoDBRoutes.cpp
   SoDBPlugins.cpp
+  SoDBSystemTimer.cpp
   SoInteraction.cpp
   SceneGraphInit.cpp
   nodekits/SoNodeKit.cpp
@@ -63,4 +64,5 @@ set(ORVEX_SOURCES
   sensors/SoTimerQueueSensor.cpp
   sensors/SoTimerSensor.cpp
   sensors/SoSensorManager.cpp
+  sensors/SoSystemTimerTask.cpp
 )

@@ -214,3 +214,59 @@ TEST_F(SoErrorTest, PostingFromManyThreadsWhileHandlersChange) {
   EXPECT_EQ(posted, kThreads * kPosts);
   EXPECT_EQ(wellFormed, kThreads * kPosts);
 }
+
+namespace {
+
+// What a handler installed for one error class received.
+struct Received {
+  std::vector<SoType> types;
+  std::vector<void*> data;
+  std::vector<std::string> texts;
+};
+Received g_received;
+void receive(const SoError* error, void* data) {
+  g_received.types.push_back(error->getTypeId());
+  g_received.data.push_back(data);
+  g_received.texts.push_back(error->getDebugString().getString());
+}
+
+// One posting of each error class.
+template <class E> void postOne();
+template <> void postOne<SoError>() { SoError::post("plain"); }
+template <> void postOne<SoDebugError>() { SoDebugError::post("m", "debug"); }
+template <> void postOne<SoGLError>() { SoGLError::post(1280, "m", "gl"); }
+template <> void postOne<SoMemoryError>() { SoMemoryError::post("buffer"); }
+template <> void postOne<SoReadError>() { SoReadError::postAt("f.ovx", 3, "read"); }
+template <> void postOne<SoErrorStack>() { SoErrorStack::post(); }
+
+template <class E>
+class EachErrorClass : public SoErrorTest {};
+using ErrorClasses = ::testing::Types<SoError, SoDebugError, SoGLError, SoMemoryError, SoReadError, SoErrorStack>;
+TYPED_TEST_SUITE(EachErrorClass, ErrorClasses);
+
+}  // namespace
+
+TYPED_TEST(EachErrorClass, HandlerGetsItsClassesErrorsWithItsUserData) {
+  HandlerRestorer<TypeParam> restore;
+  int token = 0;
+  TypeParam::setHandlerCallback(&receive, &token);
+  EXPECT_EQ(TypeParam::getHandlerCallback(), &receive);
+  EXPECT_EQ(TypeParam::getHandlerCallbackData(), &token);
+  g_received = Received();
+  postOne<TypeParam>();
+  ASSERT_EQ(g_received.types.size(), 1u);
+  EXPECT_EQ(g_received.types[0], TypeParam::getClassTypeId());
+  EXPECT_EQ(g_received.data[0], &token);
+  EXPECT_FALSE(g_received.texts[0].empty());
+  // The handler of one class does not see the errors of the others.
+  ::testing::internal::CaptureStderr();
+  if (TypeParam::getClassTypeId() != SoDebugError::getClassTypeId()) SoDebugError::post("m", "other");
+  if (TypeParam::getClassTypeId() != SoReadError::getClassTypeId()) SoReadError::postAt("f", 1, "other");
+  ::testing::internal::GetCapturedStderr();
+  EXPECT_EQ(g_received.types.size(), 1u);
+  // Null user data is handed on as null.
+  TypeParam::setHandlerCallback(&receive, nullptr);
+  postOne<TypeParam>();
+  ASSERT_EQ(g_received.data.size(), 2u);
+  EXPECT_EQ(g_received.data[1], nullptr);
+}

@@ -534,9 +534,18 @@ void SoInput::reportProgress(const Source& src) {
 }
 
 void SoInput::popSource() {
-  std::unique_ptr<Source> src = std::move(m_stack.back());
-  m_stack.pop_back();
-  if (src->postCB) src->postCB(src->headerData, this);
+  // The post function runs while the file is still the current one, so that
+  // it sees the name, header and version of the file it is called for.
+  const Source* src = m_stack.back().get();
+  if (SoDBHeaderCB* post = m_stack.back()->postCB) {
+    m_stack.back()->postCB = nullptr;  // once, even if the function reads on
+    post(src->headerData, this);
+  }
+  // The function may have closed the input, or finished this file by
+  // reading, itself.
+  auto it = std::find_if(m_stack.begin(), m_stack.end(),
+                         [src](const std::unique_ptr<Source>& s) { return s.get() == src; });
+  if (it != m_stack.end()) m_stack.erase(it);
 }
 
 bool SoInput::get(char& c) {

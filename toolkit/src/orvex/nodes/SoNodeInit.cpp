@@ -59,6 +59,8 @@
 #include <Orvex/nodes/SoTriangleStripSet.h>
 #include <Orvex/nodes/SoUnknownNode.h>
 #include <Orvex/nodes/SoVertexShape.h>
+#include <Orvex/nodes/SoWWWAnchor.h>
+#include <Orvex/nodes/SoWWWInline.h>
 
 void SoNode::initClasses() {
   initClass();
@@ -121,4 +123,6 @@ void SoNode::initClasses() {
   SoPattern::initClass();
   SoEventCallback::initClass();
   SoSelection::initClass();
+  SoWWWInline::initClass();
+  SoWWWAnchor::initClass();
 }

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+#include "SystemTimerDriver.h"
+
 // The manager's own timer-queue sensor that processes the delay queue once
 // the oldest regular delay sensor has waited for the delay sensor timeout.
 class SoSensorManager::TimeoutAlarm : public SoTimerQueueSensor {
@@ -63,6 +65,8 @@ void SoSensorManager::notifyChanged() {
     data = m_changedData;
   }
   if (func) func(data);
+  // The database's queue drives the system timer, when one is set.
+  if (isDatabaseManager()) orvex::armSystemTimer();
 }
 
 // ---------------------------------------------------------------- timer queue

@@ -316,6 +316,102 @@ TEST_F(DatabaseServicesTest, RegisteredHeadersRunTheirCallbacksAroundAReading) {
   EXPECT_EQ(log.events.size(), 2u);
 }
 
+namespace {
+// Header callbacks that log which file they were called for: the data is
+// the log, the input tells the file.
+struct FileLog {
+  std::vector<std::string> events;
+};
+void preFile(void* data, SoInput* in) {
+  static_cast<FileLog*>(data)->events.push_back(std::string("pre ") +
+                                                std::filesystem::path(in->getCurFileName()).filename().string());
+}
+void postFile(void* data, SoInput* in) {
+  static_cast<FileLog*>(data)->events.push_back(std::string("post ") +
+                                                std::filesystem::path(in->getCurFileName()).filename().string());
+}
+}  // namespace
+
+TEST_F(DatabaseServicesTest, HeaderCallbacksBracketEachFileOfTheirHeader) {
+  FileLog log;
+  ASSERT_TRUE(SoDB::registerHeader("#Database Test Format 2.6", false, 2.6f, &preFile, &postFile, &log));
+  // The registry hands the functions and their data back.
+  bool isBinary = true;
+  float version = 0;
+  SoDBHeaderCB* pre = nullptr;
+  SoDBHeaderCB* post = nullptr;
+  void* data = nullptr;
+  ASSERT_TRUE(SoDB::getHeaderData("#Database Test Format 2.6", isBinary, version, pre, post, data));
+  EXPECT_FALSE(isBinary);
+  EXPECT_EQ(version, 2.6f);
+  EXPECT_EQ(pre, &preFile);
+  EXPECT_EQ(post, &postFile);
+  EXPECT_EQ(data, &log);
+
+  TempDir dir;
+  const std::string a = dir.write("a.ovx", "#Database Test Format 2.6\nCube {}\n");
+  const std::string b = dir.write("b.ovx", "#Database Test Format 2.6\nSphere {}\n");
+  const std::string plain = dir.write("plain.ovx", "#Orvex V1.0 ascii\nCone {}\n");
+  {
+    SoInput in;
+    ASSERT_TRUE(in.openFile(a.c_str()));
+    // Opening another file closes the first: its post before the next pre.
+    ASSERT_TRUE(in.openFile(b.c_str()));
+    EXPECT_EQ(log.events, (std::vector<std::string>{"pre a.ovx", "post a.ovx", "pre b.ovx"}));
+    // A pushed file of that header is bracketed too, and its post comes once
+    // it has been read to its end, while the file below it is still open.
+    ASSERT_TRUE(in.pushFile(a.c_str()));
+    EXPECT_EQ(log.events.back(), "pre a.ovx");
+    auto first = make(SoDB::readNode(&in));
+    ASSERT_TRUE(first);
+    EXPECT_EQ(first->getTypeId(), SoCube::getClassTypeId());
+    auto second = make(SoDB::readNode(&in));
+    ASSERT_TRUE(second);
+    EXPECT_EQ(second->getTypeId(), SoSphere::getClassTypeId());
+    EXPECT_EQ(log.events, (std::vector<std::string>{"pre a.ovx", "post a.ovx", "pre b.ovx", "pre a.ovx",
+                                                    "post a.ovx"}));
+    // A file of another header calls none of them.
+    ASSERT_TRUE(in.openFile(plain.c_str()));
+    EXPECT_EQ(log.events.back(), "post b.ovx");
+    const size_t count = log.events.size();
+    auto cone = make(SoDB::readAll(&in));
+    ASSERT_TRUE(cone);
+    in.closeFile();
+    EXPECT_EQ(log.events.size(), count);
+  }
+  EXPECT_EQ(log.events.size(), 6u);
+}
+
+namespace {
+void closeOnPost(void* data, SoInput* in) {
+  ++*static_cast<int*>(data);
+  in->closeFile();
+}
+}  // namespace
+
+TEST_F(DatabaseServicesTest, APostFunctionMayCloseTheInput) {
+  int posts = 0;
+  ASSERT_TRUE(SoDB::registerHeader("#Database Test Format 2.7", false, 2.7f, nullptr, &closeOnPost, &posts));
+  TempDir dir;
+  const std::string outer = dir.write("outer.ovx", "#Orvex V1.0 ascii\nCube {}\nSphere {}\n");
+  const std::string inner = dir.write("inner.ovx", "#Database Test Format 2.7\nCone {}\n");
+  SoInput in;
+  ASSERT_TRUE(in.openFile(outer.c_str()));
+  ASSERT_TRUE(in.pushFile(inner.c_str()));
+  auto cone = make(SoDB::readNode(&in));
+  ASSERT_TRUE(cone);
+  EXPECT_EQ(cone->getTypeId(), SoCone::getClassTypeId());
+  // Finishing the pushed file runs its post function, which closes
+  // everything: the outer file's nodes are not read any more.
+  SoNode* next = nullptr;
+  SoDB::read(&in, next);
+  EXPECT_EQ(next, nullptr);
+  EXPECT_EQ(posts, 1);
+  EXPECT_TRUE(in.eof());
+  in.closeFile();
+  EXPECT_EQ(posts, 1);
+}
+
 TEST_F(DatabaseServicesTest, IsValidHeader) {
   EXPECT_TRUE(SoDB::isValidHeader("#Orvex V1.0 ascii"));
   EXPECT_TRUE(SoDB::isValidHeader("#Orvex V1.0 ascii  \nSeparator {}"));
