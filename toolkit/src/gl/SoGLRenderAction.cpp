@@ -306,6 +306,16 @@ void SoGLRenderAction::beginTraversal(SoNode* node) {
 
 // ---- traversal ------------------------------------------------------------------------
 
+void SoNode::GLRenderS(SoAction* action, SoNode* node) {
+  auto* render = static_cast<SoGLRenderAction*>(action);
+  switch (action->getCurPathCode()) {
+    case SoAction::NO_PATH: node->GLRender(render); break;
+    case SoAction::BELOW_PATH: node->GLRenderBelowPath(render); break;
+    case SoAction::IN_PATH: node->GLRenderInPath(render); break;
+    case SoAction::OFF_PATH: node->GLRenderOffPath(render); break;
+  }
+}
+
 bool SoGLRenderAction::traversalAllowed(SoGLRenderAction* action, SoNode*) {
   if (!action->m_abortCB) return true;
   switch (action->m_abortCB(action->m_abortData)) {

@@ -9,6 +9,7 @@
 #include <Orvex/SoOutput.h>
 
 #include <algorithm>
+#include <climits>
 #include <cstring>
 #include <mutex>
 #include <string>
@@ -84,7 +85,7 @@ void SoMField::setNum(int newNum) {
 
 void SoMField::deleteValues(int start, int count) {
   if (start < 0 || start >= num) return;
-  if (count < 0 || start + count > num) count = num - start;
+  if (count < 0 || count > num - start) count = num - start;
   if (count == 0) return;
   // Values move down in place: a read-only block is copied first.
   if (m_userDataIsReadOnly) allocValues(num);
@@ -97,7 +98,17 @@ void SoMField::insertSpace(int start, int count) {
   if (start < 0 || count <= 0) return;
   if (start > num) start = num;
   const int oldNum = num;
-  allocValues(num + count);
+  // More values than an int counts, or than memory holds: nothing changes.
+  if (count > INT_MAX - num) {
+    SoMemoryError::post("field values");
+    return;
+  }
+  try {
+    allocValues(num + count);
+  } catch (const std::bad_alloc&) {
+    SoMemoryError::post("field values");
+    return;
+  }
   for (int i = oldNum - 1; i >= start; --i) copyValue(i + count, i);
   for (int i = start; i < start + count; ++i) resetValue(i);
   valueChanged();
@@ -109,7 +120,15 @@ bool SoMField::set1(int index, const char* valueString) {
   in.setBuffer(const_cast<char*>(valueString), std::strlen(valueString));
   const int oldNum = num;
   // The value is read in place: a read-only block is copied first.
-  if (index >= num || m_userDataIsReadOnly) allocValues(std::max(num, index + 1));
+  if (index == INT_MAX) return false;
+  if (index >= num || m_userDataIsReadOnly) {
+    try {
+      allocValues(std::max(num, index + 1));
+    } catch (const std::bad_alloc&) {
+      SoMemoryError::post("field values");
+      return false;
+    }
+  }
   if (!read1Value(&in, index)) {
     if (num != oldNum) allocValues(oldNum);
     return false;

@@ -40,6 +40,8 @@
 
 #include "FieldSource.h"
 
+#include <climits>
+
 SO_MFIELD_SOURCE(SoMFBool, "MFBool", bool, bool)
 
 SO_MFIELD_SOURCE(SoMFFloat, "MFFloat", float, float)
@@ -92,14 +94,18 @@ void SoMFRotationd::setValue(const double q[4]) { setValue(SbRotationd(q)); }
 
 SO_MFIELD_SOURCE(SoMFColor, "MFColor", SbColor, const SbColor&)
 void SoMFColor::setValues(int start, int n, const float v[][3]) {
-  if (start < 0 || n < 0 || (n > 0 && !v)) return;
-  if (start + n > num || m_userDataIsReadOnly) allocValues(std::max(num, start + n));
+  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
+  if ((start + n > num || m_userDataIsReadOnly) &&
+      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+    return;
   for (int i = 0; i < n; ++i) values[start + i] = SbColor(v[i][0], v[i][1], v[i][2]);
   valueChanged(start, n);
 }
 void SoMFColor::setHSVValues(int start, int n, const float hsv[][3]) {
-  if (start < 0 || n < 0 || (n > 0 && !hsv)) return;
-  if (start + n > num || m_userDataIsReadOnly) allocValues(std::max(num, start + n));
+  if (start < 0 || n < 0 || (n > 0 && !hsv) || n > INT_MAX - start) return;
+  if ((start + n > num || m_userDataIsReadOnly) &&
+      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+    return;
   for (int i = 0; i < n; ++i) values[start + i].setHSVValue(hsv[i][0], hsv[i][1], hsv[i][2]);
   valueChanged(start, n);
 }
@@ -122,14 +128,18 @@ void SoMFColor::setHSVValue(const float hsv[3]) { setHSVValue(hsv[0], hsv[1], hs
 
 SO_MFIELD_SOURCE(SoMFColorRGBA, "MFColorRGBA", SbColorRGBA, const SbColorRGBA&)
 void SoMFColorRGBA::setValues(int start, int n, const float v[][4]) {
-  if (start < 0 || n < 0 || (n > 0 && !v)) return;
-  if (start + n > num || m_userDataIsReadOnly) allocValues(std::max(num, start + n));
+  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
+  if ((start + n > num || m_userDataIsReadOnly) &&
+      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+    return;
   for (int i = 0; i < n; ++i) values[start + i] = SbColorRGBA(v[i][0], v[i][1], v[i][2], v[i][3]);
   valueChanged(start, n);
 }
 void SoMFColorRGBA::setHSVAValues(int start, int n, const float hsv[][4]) {
-  if (start < 0 || n < 0 || (n > 0 && !hsv)) return;
-  if (start + n > num || m_userDataIsReadOnly) allocValues(std::max(num, start + n));
+  if (start < 0 || n < 0 || (n > 0 && !hsv) || n > INT_MAX - start) return;
+  if ((start + n > num || m_userDataIsReadOnly) &&
+      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+    return;
   for (int i = 0; i < n; ++i) values[start + i].setHSVAValue(hsv[i][0], hsv[i][1], hsv[i][2], hsv[i][3]);
   valueChanged(start, n);
 }
@@ -152,8 +162,10 @@ void SoMFColorRGBA::setHSVAValue(const float hsv[4]) { setHSVAValue(hsv[0], hsv[
 
 SO_MFIELD_SOURCE(SoMFVec2f, "MFVec2f", SbVec2f, const SbVec2f&)
 void SoMFVec2f::setValues(int start, int n, const float v[][2]) {
-  if (start < 0 || n < 0 || (n > 0 && !v)) return;
-  if (start + n > num || m_userDataIsReadOnly) allocValues(std::max(num, start + n));
+  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
+  if ((start + n > num || m_userDataIsReadOnly) &&
+      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+    return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 2; ++k) values[start + i][k] = v[i][k];
   valueChanged(start, n);
@@ -177,8 +189,10 @@ void SoMFVec2f::setValue(const float v[2]) {
 
 SO_MFIELD_SOURCE(SoMFVec3f, "MFVec3f", SbVec3f, const SbVec3f&)
 void SoMFVec3f::setValues(int start, int n, const float v[][3]) {
-  if (start < 0 || n < 0 || (n > 0 && !v)) return;
-  if (start + n > num || m_userDataIsReadOnly) allocValues(std::max(num, start + n));
+  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
+  if ((start + n > num || m_userDataIsReadOnly) &&
+      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+    return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 3; ++k) values[start + i][k] = v[i][k];
   valueChanged(start, n);
@@ -202,8 +216,10 @@ void SoMFVec3f::setValue(const float v[3]) {
 
 SO_MFIELD_SOURCE(SoMFVec4f, "MFVec4f", SbVec4f, const SbVec4f&)
 void SoMFVec4f::setValues(int start, int n, const float v[][4]) {
-  if (start < 0 || n < 0 || (n > 0 && !v)) return;
-  if (start + n > num || m_userDataIsReadOnly) allocValues(std::max(num, start + n));
+  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
+  if ((start + n > num || m_userDataIsReadOnly) &&
+      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+    return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 4; ++k) values[start + i][k] = v[i][k];
   valueChanged(start, n);
@@ -227,8 +243,10 @@ void SoMFVec4f::setValue(const float v[4]) {
 
 SO_MFIELD_SOURCE(SoMFVec2d, "MFVec2d", SbVec2d, const SbVec2d&)
 void SoMFVec2d::setValues(int start, int n, const double v[][2]) {
-  if (start < 0 || n < 0 || (n > 0 && !v)) return;
-  if (start + n > num || m_userDataIsReadOnly) allocValues(std::max(num, start + n));
+  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
+  if ((start + n > num || m_userDataIsReadOnly) &&
+      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+    return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 2; ++k) values[start + i][k] = v[i][k];
   valueChanged(start, n);
@@ -252,8 +270,10 @@ void SoMFVec2d::setValue(const double v[2]) {
 
 SO_MFIELD_SOURCE(SoMFVec3d, "MFVec3d", SbVec3d, const SbVec3d&)
 void SoMFVec3d::setValues(int start, int n, const double v[][3]) {
-  if (start < 0 || n < 0 || (n > 0 && !v)) return;
-  if (start + n > num || m_userDataIsReadOnly) allocValues(std::max(num, start + n));
+  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
+  if ((start + n > num || m_userDataIsReadOnly) &&
+      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+    return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 3; ++k) values[start + i][k] = v[i][k];
   valueChanged(start, n);
@@ -277,8 +297,10 @@ void SoMFVec3d::setValue(const double v[3]) {
 
 SO_MFIELD_SOURCE(SoMFVec4d, "MFVec4d", SbVec4d, const SbVec4d&)
 void SoMFVec4d::setValues(int start, int n, const double v[][4]) {
-  if (start < 0 || n < 0 || (n > 0 && !v)) return;
-  if (start + n > num || m_userDataIsReadOnly) allocValues(std::max(num, start + n));
+  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
+  if ((start + n > num || m_userDataIsReadOnly) &&
+      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+    return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 4; ++k) values[start + i][k] = v[i][k];
   valueChanged(start, n);
@@ -302,8 +324,10 @@ void SoMFVec4d::setValue(const double v[4]) {
 
 SO_MFIELD_SOURCE(SoMFVec2i32, "MFVec2i32", SbVec2i32, const SbVec2i32&)
 void SoMFVec2i32::setValues(int start, int n, const int32_t v[][2]) {
-  if (start < 0 || n < 0 || (n > 0 && !v)) return;
-  if (start + n > num || m_userDataIsReadOnly) allocValues(std::max(num, start + n));
+  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
+  if ((start + n > num || m_userDataIsReadOnly) &&
+      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+    return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 2; ++k) values[start + i][k] = v[i][k];
   valueChanged(start, n);
@@ -327,8 +351,10 @@ void SoMFVec2i32::setValue(const int32_t v[2]) {
 
 SO_MFIELD_SOURCE(SoMFVec3i32, "MFVec3i32", SbVec3i32, const SbVec3i32&)
 void SoMFVec3i32::setValues(int start, int n, const int32_t v[][3]) {
-  if (start < 0 || n < 0 || (n > 0 && !v)) return;
-  if (start + n > num || m_userDataIsReadOnly) allocValues(std::max(num, start + n));
+  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
+  if ((start + n > num || m_userDataIsReadOnly) &&
+      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+    return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 3; ++k) values[start + i][k] = v[i][k];
   valueChanged(start, n);
@@ -352,8 +378,10 @@ void SoMFVec3i32::setValue(const int32_t v[3]) {
 
 SO_MFIELD_SOURCE(SoMFVec4i32, "MFVec4i32", SbVec4i32, const SbVec4i32&)
 void SoMFVec4i32::setValues(int start, int n, const int32_t v[][4]) {
-  if (start < 0 || n < 0 || (n > 0 && !v)) return;
-  if (start + n > num || m_userDataIsReadOnly) allocValues(std::max(num, start + n));
+  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
+  if ((start + n > num || m_userDataIsReadOnly) &&
+      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+    return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 4; ++k) values[start + i][k] = v[i][k];
   valueChanged(start, n);
@@ -377,8 +405,10 @@ void SoMFVec4i32::setValue(const int32_t v[4]) {
 
 SO_MFIELD_SOURCE(SoMFVec2s, "MFVec2s", SbVec2s, const SbVec2s&)
 void SoMFVec2s::setValues(int start, int n, const short v[][2]) {
-  if (start < 0 || n < 0 || (n > 0 && !v)) return;
-  if (start + n > num || m_userDataIsReadOnly) allocValues(std::max(num, start + n));
+  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
+  if ((start + n > num || m_userDataIsReadOnly) &&
+      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+    return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 2; ++k) values[start + i][k] = v[i][k];
   valueChanged(start, n);
@@ -402,8 +432,10 @@ void SoMFVec2s::setValue(const short v[2]) {
 
 SO_MFIELD_SOURCE(SoMFVec3s, "MFVec3s", SbVec3s, const SbVec3s&)
 void SoMFVec3s::setValues(int start, int n, const short v[][3]) {
-  if (start < 0 || n < 0 || (n > 0 && !v)) return;
-  if (start + n > num || m_userDataIsReadOnly) allocValues(std::max(num, start + n));
+  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
+  if ((start + n > num || m_userDataIsReadOnly) &&
+      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+    return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 3; ++k) values[start + i][k] = v[i][k];
   valueChanged(start, n);
@@ -427,8 +459,10 @@ void SoMFVec3s::setValue(const short v[3]) {
 
 SO_MFIELD_SOURCE(SoMFVec4s, "MFVec4s", SbVec4s, const SbVec4s&)
 void SoMFVec4s::setValues(int start, int n, const short v[][4]) {
-  if (start < 0 || n < 0 || (n > 0 && !v)) return;
-  if (start + n > num || m_userDataIsReadOnly) allocValues(std::max(num, start + n));
+  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
+  if ((start + n > num || m_userDataIsReadOnly) &&
+      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+    return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 4; ++k) values[start + i][k] = v[i][k];
   valueChanged(start, n);
@@ -452,8 +486,10 @@ void SoMFVec4s::setValue(const short v[4]) {
 
 SO_MFIELD_SOURCE(SoMFVec4b, "MFVec4b", SbVec4b, const SbVec4b&)
 void SoMFVec4b::setValues(int start, int n, const int8_t v[][4]) {
-  if (start < 0 || n < 0 || (n > 0 && !v)) return;
-  if (start + n > num || m_userDataIsReadOnly) allocValues(std::max(num, start + n));
+  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
+  if ((start + n > num || m_userDataIsReadOnly) &&
+      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+    return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 4; ++k) values[start + i][k] = v[i][k];
   valueChanged(start, n);
@@ -477,8 +513,10 @@ void SoMFVec4b::setValue(const int8_t v[4]) {
 
 SO_MFIELD_SOURCE(SoMFVec4ub, "MFVec4ub", SbVec4ub, const SbVec4ub&)
 void SoMFVec4ub::setValues(int start, int n, const uint8_t v[][4]) {
-  if (start < 0 || n < 0 || (n > 0 && !v)) return;
-  if (start + n > num || m_userDataIsReadOnly) allocValues(std::max(num, start + n));
+  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
+  if ((start + n > num || m_userDataIsReadOnly) &&
+      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+    return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 4; ++k) values[start + i][k] = v[i][k];
   valueChanged(start, n);
@@ -502,8 +540,10 @@ void SoMFVec4ub::setValue(const uint8_t v[4]) {
 
 SO_MFIELD_SOURCE(SoMFVec4ui32, "MFVec4ui32", SbVec4ui32, const SbVec4ui32&)
 void SoMFVec4ui32::setValues(int start, int n, const uint32_t v[][4]) {
-  if (start < 0 || n < 0 || (n > 0 && !v)) return;
-  if (start + n > num || m_userDataIsReadOnly) allocValues(std::max(num, start + n));
+  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
+  if ((start + n > num || m_userDataIsReadOnly) &&
+      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+    return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 4; ++k) values[start + i][k] = v[i][k];
   valueChanged(start, n);
@@ -527,8 +567,10 @@ void SoMFVec4ui32::setValue(const uint32_t v[4]) {
 
 SO_MFIELD_SOURCE(SoMFVec4us, "MFVec4us", SbVec4us, const SbVec4us&)
 void SoMFVec4us::setValues(int start, int n, const unsigned short v[][4]) {
-  if (start < 0 || n < 0 || (n > 0 && !v)) return;
-  if (start + n > num || m_userDataIsReadOnly) allocValues(std::max(num, start + n));
+  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
+  if ((start + n > num || m_userDataIsReadOnly) &&
+      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+    return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 4; ++k) values[start + i][k] = v[i][k];
   valueChanged(start, n);

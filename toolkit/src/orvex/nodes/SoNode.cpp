@@ -3,7 +3,6 @@
 #include <Orvex/SoNodeList.h>
 #include <Orvex/SoPath.h>
 #include <Orvex/SoOutput.h>
-#include <Orvex/actions/SoGLRenderAction.h>
 #include <Orvex/actions/SoSearchAction.h>
 #include <Orvex/actions/SoWriteAction.h>
 #include <Orvex/fields/SoFieldData.h>
@@ -99,22 +98,16 @@ void SoNode::write(SoWriteAction* action) {
   writeFooter(out);
 }
 
-// Only the class's declaration is used here: the render action's code is
-// in orvexgl, which this library does not link.
-void SoNode::GLRender(SoGLRenderAction* action) { doAction(action); }
+// The render action is only declared here (its code, and its run-time type
+// information, are in orvexgl, which this library does not link). It derives
+// from SoAction alone, so its address is that of its SoAction.
+void SoNode::GLRender(SoGLRenderAction* action) { doAction(reinterpret_cast<SoAction*>(action)); }
 void SoNode::GLRenderBelowPath(SoGLRenderAction* action) { GLRender(action); }
 void SoNode::GLRenderInPath(SoGLRenderAction* action) { GLRender(action); }
 void SoNode::GLRenderOffPath(SoGLRenderAction* action) { GLRender(action); }
 
-void SoNode::GLRenderS(SoAction* action, SoNode* node) {
-  auto* render = static_cast<SoGLRenderAction*>(action);
-  switch (action->getCurPathCode()) {
-    case SoAction::NO_PATH: node->GLRender(render); break;
-    case SoAction::BELOW_PATH: node->GLRenderBelowPath(render); break;
-    case SoAction::IN_PATH: node->GLRenderInPath(render); break;
-    case SoAction::OFF_PATH: node->GLRenderOffPath(render); break;
-  }
-}
+// GLRenderS is defined with the render action, in orvexgl: it converts the
+// action to its class, which this library only declares.
 
 void SoNode::doActionS(SoAction* action, SoNode* node) { node->doAction(action); }
 void SoNode::searchS(SoAction* action, SoNode* node) { node->search(static_cast<SoSearchAction*>(action)); }
