@@ -5,6 +5,7 @@ import java.io.IOException;
 import java.io.InputStream;
 import java.io.OutputStream;
 import java.nio.file.AtomicMoveNotSupportedException;
+import java.nio.file.FileAlreadyExistsException;
 import java.nio.file.FileSystems;
 import java.nio.file.Files;
 import java.nio.file.Path;
@@ -46,8 +47,8 @@ import java.util.Set;
  * first library cannot be loaded from it (a file system mounted noexec, a
  * damaged file left there). Files already present with the size of the index
  * are reused as they are; missing ones are written under a temporary name and
- * renamed into place, so a JVM starting at the same time never loads a
- * half-written file.
+ * then linked or renamed into place in one step, so a JVM starting at the
+ * same time never loads a half-written file.
  */
 public final class JarNativeLibraries {
   /** System property: the only candidate base folders, in order. */
@@ -188,13 +189,31 @@ public final class JarNativeLibraries {
       if (Files.getFileAttributeView(part, PosixFileAttributeView.class) != null) {
         Files.setPosixFilePermissions(part, LIBRARY_FILE);
       }
-      try {
-        Files.move(part, target, StandardCopyOption.ATOMIC_MOVE, StandardCopyOption.REPLACE_EXISTING);
-      } catch (AtomicMoveNotSupportedException e) {
-        Files.move(part, target, StandardCopyOption.REPLACE_EXISTING);
-      }
+      publish(part, target, library.size);
     } finally {
       Files.deleteIfExists(part);
+    }
+  }
+
+  /**
+   * Gives the complete file {@code part} the name {@code target} in one step.
+   * A file that another JVM published meanwhile is kept: that JVM may have
+   * loaded it already, and replacing it would leave the JVM with a deleted
+   * file. Only a file of the wrong size (damaged) is replaced.
+   */
+  private static void publish(Path part, Path target, long size) throws IOException {
+    try {
+      Files.createLink(target, part);  // link(2): atomic, and never replaces
+      return;
+    } catch (FileAlreadyExistsException e) {
+      if (Files.isRegularFile(target) && Files.size(target) == size) return;
+    } catch (UnsupportedOperationException | IOException e) {
+      // No hard links on this file system: an atomic rename is the next best.
+    }
+    try {
+      Files.move(part, target, StandardCopyOption.ATOMIC_MOVE, StandardCopyOption.REPLACE_EXISTING);
+    } catch (AtomicMoveNotSupportedException e) {
+      Files.move(part, target, StandardCopyOption.REPLACE_EXISTING);
     }
   }
 
