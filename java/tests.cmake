@@ -76,3 +76,7 @@ orvex_add_junit_test(jvm.callbacks
           com.orvexa.orvex.misc.callbacks.EventCallbacksTest)
 orvex_add_junit_test(jvm.callbacks.threads CLASSES com.orvexa.orvex.misc.callbacks.CallbackThreadsTest)
 orvex_add_junit_test(jvm.sensors CLASSES com.orvexa.orvex.sensors.SensorsTest)
+
+# Native libraries carried by the jar: the index, and child JVMs started with only the jars.
+orvex_add_junit_test(jvm.natives.index CLASSES com.orvexa.tests.natives.NativeLibraryIndexTest)
+orvex_add_junit_test(jvm.natives.jaronly CLASSES com.orvexa.tests.natives.JarOnlyStartTest)

@@ -2,6 +2,7 @@ package com.orvexa.orvex;
 
 import com.orvexa.internal.NativeResourceHandle;
 import com.orvexa.internal.ObjectManager;
+import com.orvexa.internal.natives.JarNativeLibraries;
 import java.io.File;
 import java.util.Objects;
 import java.util.function.Consumer;
@@ -11,9 +12,12 @@ import java.util.function.Consumer;
  * wrapper class of a native toolkit object extends it.
  *
  * <h2>Start-up</h2>
- * The static initialiser loads {@code liborvexjava} (from the directory named
- * by the system property {@code orvex.library.path} when it is set, otherwise
- * through {@link System#loadLibrary}), hands the virtual machine to the native
+ * The static initialiser loads {@code liborvexjava}: from the directory named
+ * by the system property {@code orvex.library.path} when it is set, else
+ * through {@link System#loadLibrary} when a directory of
+ * {@code java.library.path} holds it, else from the copies of the native
+ * libraries that the jar carries (see {@link JarNativeLibraries}). It then
+ * hands the virtual machine to the native
  * side, switches the native debug trace on when the system property
  * {@code orvex.native.debug} is {@code true}, initialises the toolkit and its
  * modules, and starts the {@link RealTimeManager} that drives the toolkit's
@@ -143,12 +147,23 @@ public class Orvex {
   }
 
   private static void loadNativeLibrary() {
+    String libraryFile = System.mapLibraryName("orvexjava");
     String directory = System.getProperty("orvex.library.path");
     if (directory != null && !directory.isEmpty()) {
-      System.load(new File(directory, System.mapLibraryName("orvexjava")).getAbsolutePath());
-    } else {
+      System.load(new File(directory, libraryFile).getAbsolutePath());
+    } else if (isOnJavaLibraryPath(libraryFile) || !JarNativeLibraries.available()) {
+      // Without libraries in the jar, loadLibrary gives the JVM's usual error.
       System.loadLibrary("orvexjava");
+    } else {
+      JarNativeLibraries.load();
     }
+  }
+
+  private static boolean isOnJavaLibraryPath(String libraryFile) {
+    for (String folder : System.getProperty("java.library.path", "").split(File.pathSeparator)) {
+      if (!folder.isEmpty() && new File(folder, libraryFile).isFile()) return true;
+    }
+    return false;
   }
 
   private static native void checkJVM();
