@@ -1,6 +1,7 @@
 package com.orvexa.orvex.misc.callbacks;
 
 import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertNotEquals;
 import static org.junit.jupiter.api.Assertions.assertSame;
 import static org.junit.jupiter.api.Assertions.assertThrows;
@@ -295,6 +296,33 @@ class CallbacksTest {
       cb.deleteNativeCallback();
       assertEquals(live, NCallback.liveNativeCallbacks());
       assertEquals(0L, cb.nativeAddress());
+    }
+
+    @Test
+    void anActionWrapperOwnsItsHandleAndABorrowedHandleDoesNot() {
+      try (SoCallbackAction action = new SoCallbackAction()) {
+        assertTrue(action.getNativeResourceHandle().isOwned());
+      }
+      assertFalse(com.orvexa.internal.NativeResourceHandle.borrowed(1L).isOwned());
+    }
+
+    @Test
+    void deleteNativeCallbackDeletesOnceAndTheCleanUpNotAgain() throws InterruptedException {
+      settle();
+      long live = NCallback.liveNativeCallbacks();
+      SoPointCB cb = new SoPointCB((a, v, data) -> {});
+      com.orvexa.internal.CallbackAccess.prepare(cb);  // the native object, held by nothing
+      assertEquals(live + 1, NCallback.liveNativeCallbacks());
+      cb.deleteNativeCallback();
+      assertEquals(0L, cb.nativeAddress());
+      assertEquals(live, NCallback.liveNativeCallbacks());
+      cb.deleteNativeCallback();
+      assertEquals(live, NCallback.liveNativeCallbacks());
+      // Once the Java object is gone its clean-up has run already: a second
+      // delete would show as one native object fewer than were ever made.
+      cb = null;
+      settle();
+      assertEquals(live, NCallback.liveNativeCallbacks());
     }
 
     @Test
