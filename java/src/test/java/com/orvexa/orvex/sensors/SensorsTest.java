@@ -380,6 +380,38 @@ class SensorsTest {
   }
 
   @Test
+  void aFailingChangedCallbackOnTheRealTimeManagerThreadDoesNotLoseTheNextSensors() throws InterruptedException {
+    CountDownLatch later = new CountDownLatch(1);
+    List<Throwable> reported = new java.util.concurrent.CopyOnWriteArrayList<>();
+    SbTime timeout = manager.getDelaySensorTimeout();
+    manager.setChangedCallback(new SoSensorManagerCB(() -> {
+      if (RealTimeManager.isCurrentThread()) throw new IllegalStateException("changed callback failed");
+    }));
+    try (SoOneShotSensor delayed = new SoOneShotSensor(() ->
+             Thread.currentThread().setUncaughtExceptionHandler((thread, e) -> reported.add(e)));
+         SoAlarmSensor alarm = new SoAlarmSensor(later::countDown)) {
+      // The timer pass first meets the delay sensor timeout, which empties the
+      // delay queue and calls the changed callback (failing) from native code
+      // in the middle of the pass; the alarm due after it must still fire.
+      manager.setDelaySensorTimeout(new SbTime(0.01));
+      delayed.schedule();
+      alarm.setTimeFromNow(new SbTime(0.05));
+      alarm.schedule();
+      Thread.sleep(200);
+      RealTimeManager.start();
+      try {
+        assertTrue(later.await(5, TimeUnit.SECONDS), "the alarm due after the failing callback fired");
+      } finally {
+        RealTimeManager.stop();
+        manager.setChangedCallback(null);
+        manager.setDelaySensorTimeout(timeout);
+      }
+    }
+    assertFalse(reported.isEmpty());
+    assertEquals("changed callback failed", reported.get(0).getMessage());
+  }
+
+  @Test
   void theDatabaseManagerIsOneObjectAndItsTimeoutCrossesAsSbTime() {
     assertSame(manager, SoDB.getSensorManager());
     SbTime timeout = manager.getDelaySensorTimeout();
