@@ -412,6 +412,34 @@ class SensorsTest {
   }
 
   @Test
+  void replacingTheChangedCallbackWhileSensorsFireOnTheQueueThreadIsSafe() throws InterruptedException {
+    AtomicInteger changes = new AtomicInteger();
+    AtomicInteger fired = new AtomicInteger();
+    Thread replacer = new Thread(() -> {
+      for (int i = 0; i < 20_000; i++) {
+        manager.setChangedCallback(i % 50 == 49 ? null : new SoSensorManagerCB(changes::incrementAndGet));
+        if (i % 1000 == 0) System.gc();
+      }
+    });
+    RealTimeManager.start(1);
+    try {
+      replacer.start();
+      while (replacer.isAlive()) {
+        try (SoOneShotSensor sensor = new SoOneShotSensor(fired::incrementAndGet)) {
+          sensor.schedule();
+          Thread.sleep(1);
+        }
+      }
+      replacer.join();
+    } finally {
+      RealTimeManager.stop();
+      manager.setChangedCallback(null);
+    }
+    assertTrue(fired.get() > 0, "sensors fired meanwhile");
+    assertTrue(changes.get() > 0, "the changed callbacks were called meanwhile");
+  }
+
+  @Test
   void theDatabaseManagerIsOneObjectAndItsTimeoutCrossesAsSbTime() {
     assertSame(manager, SoDB.getSensorManager());
     SbTime timeout = manager.getDelaySensorTimeout();
