@@ -20,7 +20,9 @@ import com.orvexa.internal.ObjectManager;
    *
    * <p>The sensor fires only while the program keeps a reference to it: a
    * collected (or disposed) sensor's toolkit sensor is deleted, which
-   * unschedules and detaches it.
+   * unschedules and detaches it. A deletion on another thread while the
+   * task runs waits for the task to return, so the task must not wait for
+   * the thread that disposes of its sensor.
    */
   public void setTask(Runnable task) {
     final long self = NativeCalls.begin(this, "this");

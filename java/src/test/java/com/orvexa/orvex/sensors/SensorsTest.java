@@ -440,6 +440,61 @@ class SensorsTest {
   }
 
   @Test
+  void sensorsDroppedOrDisposedOnOtherThreadsWhileTheQueueThreadFiresThemAreNotFreedUnderIt()
+      throws InterruptedException {
+    AtomicInteger fired = new AtomicInteger();
+    List<SoSensor> toDispose = new java.util.concurrent.CopyOnWriteArrayList<>();
+    java.util.concurrent.atomic.AtomicBoolean done = new java.util.concurrent.atomic.AtomicBoolean();
+    // Disposes from a thread of its own, as a program could, while the
+    // queue thread pops and fires.
+    Thread disposer = new Thread(() -> {
+      while (!done.get() || !toDispose.isEmpty()) {
+        for (SoSensor sensor : toDispose) {
+          sensor.dispose();
+          toDispose.remove(sensor);
+        }
+        Thread.onSpinWait();
+      }
+    });
+    RealTimeManager.start(1);
+    disposer.start();
+    try {
+      for (int i = 0; i < 4000; i++) {
+        SoOneShotSensor oneShot = new SoOneShotSensor(fired::incrementAndGet);
+        oneShot.schedule();
+        // Each field sensor watches a node of its own, changed only here:
+        // the change reaches the sensor in the delay queue, not a sensor
+        // being deleted meanwhile.
+        SoSphere sphere = new SoSphere();
+        SoFieldSensor field = new SoFieldSensor(fired::incrementAndGet);
+        field.attach(sphere.radius);
+        sphere.radius.setValue(i);
+        if (i % 2 == 0) {
+          toDispose.add(oneShot);
+          toDispose.add(field);
+        }
+        // The odd ones are dropped: the Cleaner deletes them.
+        if (i % 200 == 0) System.gc();
+      }
+      done.set(true);
+      disposer.join();
+      System.gc();
+      Thread.sleep(50);
+    } finally {
+      done.set(true);
+      RealTimeManager.stop();
+    }
+    assertTrue(fired.get() > 0, "sensors fired while others went");
+    // The process is alive, and the queues still work.
+    AtomicInteger after = new AtomicInteger();
+    try (SoOneShotSensor sensor = new SoOneShotSensor(after::incrementAndGet)) {
+      sensor.schedule();
+      manager.processDelayQueue(false);
+    }
+    assertEquals(1, after.get());
+  }
+
+  @Test
   void theDatabaseManagerIsOneObjectAndItsTimeoutCrossesAsSbTime() {
     assertSame(manager, SoDB.getSensorManager());
     SbTime timeout = manager.getDelaySensorTimeout();
