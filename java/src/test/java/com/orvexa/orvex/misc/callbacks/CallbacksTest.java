@@ -198,6 +198,26 @@ class CallbacksTest {
     }
 
     @Test
+    void aCopyOfACallbackNodeKeepsTheFunctionAliveAfterTheOriginalIsGone() throws InterruptedException {
+      AtomicInteger calls = new AtomicInteger();
+      SoSeparator root = new SoSeparator();
+      SoCallback original = new SoCallback();
+      original.setCallback(new SoCallbackCB((action, data) -> calls.incrementAndGet()), null);
+      SoNode copy = original.copy();
+      root.addChild(copy);
+      // Without its wrapper the original node is destroyed, and lets its
+      // callback go: only the copy can keep the callback alive.
+      WeakReference<SoCallback> gone = new WeakReference<>(original);
+      original = null;
+      assertTrue(collectUntil(() -> gone.get() == null));
+      settle();
+      try (SoCallbackAction action = new SoCallbackAction()) {
+        action.apply(root);
+      }
+      assertEquals(1, calls.get(), "the copy still calls the function");
+    }
+
+    @Test
     void aCallbackNodeCallsItsFunctionForEveryAction() {
       List<String> actions = new ArrayList<>();
       SoCallback node = new SoCallback();
