@@ -23,12 +23,20 @@ class CallbackUpcall {
   CallbackUpcall(const JCallback* callback, const char* method, const char* signature)
       : m_env(JNIEnvHelper::getEnv()) {
     if (m_env == nullptr || !JNIEnvHelper::readyForUpcall(m_env)) return;
-    m_target = callback->getJavaCB();
+    // A local reference of our own: another thread may let the callback go
+    // (and delete its global reference) while this call runs.
+    m_target = callback->newLocalJavaCB(m_env);
     if (m_target == nullptr) return;  // no toolkit object holds it any more
     const ScopedLocalRef<jclass> cls(m_env, m_env->GetObjectClass(m_target));
     m_method = m_env->GetMethodID(cls.get(), method, signature);
     if (m_method == nullptr) JNIEnvHelper::settleUpcall(m_env);
   }
+
+  ~CallbackUpcall() {
+    if (m_target != nullptr) m_env->DeleteLocalRef(m_target);
+  }
+  CallbackUpcall(const CallbackUpcall&) = delete;
+  CallbackUpcall& operator=(const CallbackUpcall&) = delete;
 
   bool ready() const { return m_method != nullptr; }
   JNIEnv* env() const { return m_env; }

@@ -32,6 +32,11 @@ void JCallback::hold(JNIEnv* env, jobject obj) {
   }
 }
 
+jobject JCallback::newLocalJavaCB(JNIEnv* env) const {
+  const std::lock_guard<std::mutex> lock(m_holdMutex);
+  return m_javaCB == nullptr ? nullptr : env->NewLocalRef(m_javaCB);
+}
+
 void JCallback::letGo() {
   const std::lock_guard<std::mutex> lock(m_holdMutex);
   if (m_holds == 0) return;  // more removals than registrations: nothing to give back

@@ -19,8 +19,18 @@ class ORVEXJAVA_API JCallback {
   // environment (a foreign thread is attached for it).
   virtual ~JCallback();
 
-  // The Java callback object; null while no toolkit object holds it.
+  // The Java callback object; null while no toolkit object holds it. Only
+  // for the thread that holds the callback (a registration): an upcall
+  // uses newLocalJavaCB instead.
   jobject getJavaCB() const { return m_javaCB; }
+
+  // A new local reference to the Java callback object, or null when no
+  // toolkit object holds it any more. Taken under the hold lock, so that a
+  // letGo() on another thread cannot delete the global reference while it
+  // is read; the local reference then keeps the Java object, and with it
+  // this object (deleted only by the Java object's clean-up), alive for the
+  // call.
+  jobject newLocalJavaCB(JNIEnv* env) const;
 
   // Shallow copy: the reference value is copied as it is, so two copies
   // share one global reference, which only one of them may release.

@@ -1,6 +1,6 @@
 // Entry points of package com.orvexa.orvex.misc.callbacks: the constructor
 // of each callback kind makes its native callback object, and NCallback
-// deletes it.
+// deletes it through its clean-up.
 
 #include <jni.h>
 
@@ -40,17 +40,8 @@ ORVEX_CALLBACK_CONSTRUCTOR(SoSelectionPathCB, SoSelectionPathCallback)
 ORVEX_CALLBACK_CONSTRUCTOR(SoSelectionClassCB, SoSelectionClassCallback)
 ORVEX_CALLBACK_CONSTRUCTOR(SoSelectionPickCB, SoSelectionPickCallback)
 
-// Deletes the native object of `self` (nothing when its address is 0). The
-// field is left as it is: the caller makes sure it is called once.
-JNIEXPORT void JNICALL Java_com_orvexa_orvex_misc_callbacks_NCallback_deleteNativeCallback(JNIEnv* env,
-                                                                                          jobject self) {
-  jclass cls = env->GetObjectClass(self);
-  const jlong address = env->GetLongField(self, env->GetFieldID(cls, "addressCB", "J"));
-  env->DeleteLocalRef(cls);
-  delete reinterpret_cast<JCallback*>(address);
-}
-
-// The same for a callback object that is gone: its clean-up knows only the address.
+// Deletes the native object at `address`: called once, by the clean-up of
+// the Java callback object (when it is collected, or deleted early).
 JNIEXPORT void JNICALL Java_com_orvexa_orvex_misc_callbacks_NCallback_deleteNativeCallbackAt(JNIEnv*, jclass,
                                                                                             jlong address) {
   delete reinterpret_cast<JCallback*>(address);

@@ -5,12 +5,15 @@
 
 #include <jni.h>
 
+#include <mutex>
+
 #include <Orvex/nodes/SoCallback.h>
 #include <Orvex/nodes/SoEventCallback.h>
 
 #include "CallbackHoldings.h"
 #include "CallbackKinds.h"
 #include "CallbackObject.h"
+#include "JNIEnvHelper.h"
 #include "TypeArgument.h"
 
 using orvexjava::BaseCallbackHoldings;
@@ -51,10 +54,42 @@ JNIEXPORT void JNICALL Java_com_orvexa_orvex_nodes_SoEventCallback_removeEventCa
   BaseCallbackHoldings::of(node).remove(callback, CallbackHoldings::slot(kEventCallbacks, type.getKey()));
 }
 
+namespace {
+
+// A copy of a callback node gets the original's callback object as its own
+// function's data, which nothing would keep alive once the original is
+// gone: the copy takes a hold of its own, in its own holdings. When the
+// Java callback cannot be reached (no environment, or let go of already),
+// the copy gets no function rather than a pointer that may dangle.
+void holdForCopy(SoCallback* copy, const SoCallback*) {
+  const uint64_t slot = CallbackHoldings::slot(kCallbackFunction);
+  if (copy->getCallback() != &SoCallbackCallback::RealCallback) {
+    BaseCallbackHoldings::of(copy).removeSlot(slot);  // a Java function it had is replaced
+    return;
+  }
+  auto* callback = static_cast<SoCallbackCallback*>(copy->getCallbackData());
+  JNIEnv* env = JNIEnvHelper::getEnv();
+  jobject javaCB = env != nullptr ? callback->newLocalJavaCB(env) : nullptr;
+  if (javaCB == nullptr) {
+    copy->setCallback(nullptr, nullptr);
+    BaseCallbackHoldings::of(copy).removeSlot(slot);
+    return;
+  }
+  BaseCallbackHoldings& holdings = BaseCallbackHoldings::of(copy);
+  holdings.add(env, javaCB, callback, slot);
+  holdings.removeSlotExceptLast(slot);
+  env->DeleteLocalRef(javaCB);
+}
+
+std::once_flag g_copyHookInstalled;
+
+}  // namespace
+
 // Makes `cb` the node's function (null: none); the function set before is let go.
 JNIEXPORT void JNICALL Java_com_orvexa_orvex_nodes_SoCallback_setCallbackImpl(JNIEnv* env, jclass, jlong self,
                                                                              jobject cb, jobject userData) {
   auto* node = reinterpret_cast<SoCallback*>(self);
+  std::call_once(g_copyHookInstalled, [] { SoCallback::setCopyHook(&holdForCopy); });
   BaseCallbackHoldings& holdings = BaseCallbackHoldings::of(node);
   const uint64_t slot = CallbackHoldings::slot(kCallbackFunction);
   if (cb == nullptr) {

@@ -6,8 +6,6 @@
 
 #include <jni.h>
 
-#include <atomic>
-
 #include <Orvex/sensors/SoDataSensor.h>
 #include <Orvex/sensors/SoSensor.h>
 
@@ -15,21 +13,14 @@
 
 namespace {
 
-// The class and static method looked up last by either trampoline. Each
-// call writes both before calling, and calls with the values it looked up
-// itself: a class reference is a local reference of the calling thread,
-// which another thread firing at the same time must never use.
-std::atomic<jclass> g_lastClass{nullptr};
-std::atomic<jmethodID> g_lastMethod{nullptr};
-
+// Each call looks the class and method up itself: a class reference is a
+// local reference of the calling thread, which no other thread may use.
 template <const char* JavaClass, const char* Method>
 void notifyJava(SoSensor* sensor) {
   JNIEnv* env = JNIEnvHelper::getEnv();
   if (env == nullptr || !JNIEnvHelper::readyForUpcall(env)) return;
   const ScopedLocalRef<jclass> cls(env, env->FindClass(JavaClass));
   const jmethodID method = cls ? env->GetStaticMethodID(cls.get(), Method, "(J)V") : nullptr;
-  g_lastClass.store(cls.get());
-  g_lastMethod.store(method);
   if (method == nullptr) {
     JNIEnvHelper::settleUpcall(env);
     return;

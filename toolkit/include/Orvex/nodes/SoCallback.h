@@ -23,6 +23,14 @@ class SoCallback : public SoNode {
   void write(SoWriteAction* action) override;
   void copyContents(const SoFieldContainer* from, bool copyConnections) override;
 
+  // Called at the end of every copyContents with the copy and the original.
+  // The copy gets the original's function and user data as they are; a
+  // program whose user data is something held per node (a binding's
+  // callback object) takes what the copy needs here, or clears the copy's
+  // function. One hook for the process; nullptr removes it.
+  typedef void CopyHook(SoCallback* copy, const SoCallback* original);
+  static void setCopyHook(CopyHook* hook);
+
  protected:
   ~SoCallback() override;
 

@@ -7,5 +7,6 @@ class SoIdleSensor : public SoDelayQueueSensor {
  public:
   SoIdleSensor() = default;
   SoIdleSensor(SoSensorCB* func, void* data) : SoDelayQueueSensor(func, data) {}
+  ~SoIdleSensor() override;
   bool isIdleOnly() const override { return true; }
 };

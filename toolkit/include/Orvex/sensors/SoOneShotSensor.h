@@ -6,4 +6,5 @@ class SoOneShotSensor : public SoDelayQueueSensor {
  public:
   SoOneShotSensor() = default;
   SoOneShotSensor(SoSensorCB* func, void* data) : SoDelayQueueSensor(func, data) {}
+  ~SoOneShotSensor() override;
 };

@@ -3,6 +3,12 @@
 #include <Orvex/actions/SoSearchAction.h>
 #include <Orvex/elements/SoCacheElement.h>
 
+#include <atomic>
+
+namespace {
+std::atomic<SoCallback::CopyHook*> g_copyHook{nullptr};
+}
+
 SO_NODE_SOURCE(SoCallback)
 
 SoCallback::SoCallback() { SO_NODE_CONSTRUCTOR(SoCallback); }
@@ -34,4 +40,7 @@ void SoCallback::copyContents(const SoFieldContainer* from, bool copyConnections
   const auto* source = static_cast<const SoCallback*>(from);
   m_function = source->m_function;
   m_userData = source->m_userData;
+  if (CopyHook* hook = g_copyHook.load()) hook(this, source);
 }
+
+void SoCallback::setCopyHook(CopyHook* hook) { g_copyHook.store(hook); }

@@ -1,6 +1,7 @@
 #include <Orvex/sensors/SoAlarmSensor.h>
+#include "SensorFiring.h"
 
-SoAlarmSensor::~SoAlarmSensor() { unschedule(); }
+SoAlarmSensor::~SoAlarmSensor() { SoSensorFiring::retire(this); }
 
 void SoAlarmSensor::setTime(const SbTime& absTime) {
   std::lock_guard<std::mutex> lock(m_mutex);

@@ -1,4 +1,5 @@
 #include <Orvex/sensors/SoDataSensor.h>
+#include "SensorFiring.h"
 
 #include <Orvex/SoPath.h>
 #include <Orvex/fields/SoField.h>
@@ -33,6 +34,7 @@ SoDataSensor::SoDataSensor() = default;
 SoDataSensor::SoDataSensor(SoSensorCB* func, void* data) : SoDelayQueueSensor(func, data) {}
 
 SoDataSensor::~SoDataSensor() {
+  SoSensorFiring::retire(this);
   *m_alive = false;
   setTriggerPath(nullptr);
 }

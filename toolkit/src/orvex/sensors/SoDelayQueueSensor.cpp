@@ -1,7 +1,10 @@
 #include <Orvex/sensors/SoDelayQueueSensor.h>
+#include "SensorFiring.h"
 
 #include <Orvex/SoDB.h>
 #include <Orvex/errors/SoDebugError.h>
+#include <Orvex/sensors/SoIdleSensor.h>
+#include <Orvex/sensors/SoOneShotSensor.h>
 #include <Orvex/sensors/SoSensorManager.h>
 
 SoDelayQueueSensor::SoDelayQueueSensor() : m_priority(getDefaultPriority()) {}
@@ -9,7 +12,14 @@ SoDelayQueueSensor::SoDelayQueueSensor() : m_priority(getDefaultPriority()) {}
 SoDelayQueueSensor::SoDelayQueueSensor(SoSensorCB* func, void* data)
     : SoSensor(func, data), m_priority(getDefaultPriority()) {}
 
-SoDelayQueueSensor::~SoDelayQueueSensor() { SoDelayQueueSensor::unschedule(); }
+SoDelayQueueSensor::~SoDelayQueueSensor() {
+  SoSensorFiring::retire(this);  // unschedules too
+  SoSensorFiring::forget(this);
+}
+
+SoOneShotSensor::~SoOneShotSensor() { SoSensorFiring::retire(this); }
+
+SoIdleSensor::~SoIdleSensor() { SoSensorFiring::retire(this); }
 
 void SoDelayQueueSensor::setPriority(uint32_t priority) {
   if (m_priority.exchange(priority) == priority) return;

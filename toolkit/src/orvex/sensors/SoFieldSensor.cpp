@@ -1,4 +1,5 @@
 #include <Orvex/sensors/SoFieldSensor.h>
+#include "SensorFiring.h"
 
 #include <Orvex/fields/SoFieldContainer.h>
 #include <Orvex/nodes/SoNode.h>
@@ -7,7 +8,10 @@ SoFieldSensor::SoFieldSensor() = default;
 
 SoFieldSensor::SoFieldSensor(SoSensorCB* func, void* data) : SoDataSensor(func, data) {}
 
-SoFieldSensor::~SoFieldSensor() { detach(); }
+SoFieldSensor::~SoFieldSensor() {
+  SoSensorFiring::retire(this);
+  detach();
+}
 
 void SoFieldSensor::attach(SoField* field) {
   detach();

@@ -1,4 +1,5 @@
 #include <Orvex/sensors/SoFileSensor.h>
+#include "SensorFiring.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -38,6 +39,7 @@ SoFileSensor::SoFileSensor() { setInterval(SbTime(1.0)); }
 SoFileSensor::SoFileSensor(SoSensorCB* func, void* data) : SoTimerSensor(func, data) { setInterval(SbTime(1.0)); }
 
 SoFileSensor::~SoFileSensor() {
+  SoSensorFiring::retire(this);
   *m_alive = false;
   unschedule();
 }

@@ -1,4 +1,5 @@
 #include <Orvex/sensors/SoNodeSensor.h>
+#include "SensorFiring.h"
 
 #include <Orvex/nodes/SoNode.h>
 
@@ -6,7 +7,10 @@ SoNodeSensor::SoNodeSensor() = default;
 
 SoNodeSensor::SoNodeSensor(SoSensorCB* func, void* data) : SoDataSensor(func, data) {}
 
-SoNodeSensor::~SoNodeSensor() { detach(); }
+SoNodeSensor::~SoNodeSensor() {
+  SoSensorFiring::retire(this);
+  detach();
+}
 
 void SoNodeSensor::attach(SoNode* node) {
   detach();

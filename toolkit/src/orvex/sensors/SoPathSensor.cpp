@@ -1,4 +1,5 @@
 #include <Orvex/sensors/SoPathSensor.h>
+#include "SensorFiring.h"
 
 #include <Orvex/SoPath.h>
 
@@ -6,7 +7,10 @@ SoPathSensor::SoPathSensor() = default;
 
 SoPathSensor::SoPathSensor(SoSensorCB* func, void* data) : SoDataSensor(func, data) {}
 
-SoPathSensor::~SoPathSensor() { detach(); }
+SoPathSensor::~SoPathSensor() {
+  SoSensorFiring::retire(this);
+  detach();
+}
 
 void SoPathSensor::attach(SoPath* path) {
   detach();

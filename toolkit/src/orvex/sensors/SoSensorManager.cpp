@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include "SensorFiring.h"
 #include "SystemTimerDriver.h"
 
 // The manager's own timer-queue sensor that processes the delay queue once
@@ -88,6 +89,9 @@ void SoSensorManager::insertTimerSensor(SoTimerQueueSensor* sensor, const SbTime
 }
 
 bool SoSensorManager::insertTimerLocked(SoTimerQueueSensor* sensor, const SbTime& triggerTime) {
+  // A sensor being destroyed (possibly rescheduling itself as it fires on
+  // this thread) must not go back into a queue.
+  if (SoSensorFiring::isRetiring(sensor)) return false;
   bool frontChanged = false;
   sensor->m_triggerTime = triggerTime;
   if (sensor->m_manager.load() == this) {
@@ -131,6 +135,9 @@ SoTimerQueueSensor* SoSensorManager::popDueTimer(const SbTime& now, uint64_t sta
   for (auto it = m_timerQueue.begin(); it != m_timerQueue.end() && (*it)->m_triggerTime <= now; ++it) {
     if ((*it)->m_stamp >= stampLimit) continue;  // queued during this pass
     SoTimerQueueSensor* due = *it;
+    // Recorded before the sensor stops naming this manager: a destructor
+    // that no longer finds it queued must find it firing.
+    SoSensorFiring::begin(due);
     m_timerQueue.erase(it);
     due->m_manager = nullptr;
     return due;
@@ -150,6 +157,7 @@ void SoSensorManager::processTimerQueue() {
   bool fired = false;
   while (SoTimerQueueSensor* due = popDueTimer(now, stampLimit)) {
     fired = true;
+    const SoSensorFiring::EndGuard firing(due);
     due->trigger();  // without the lock: the sensor may reschedule itself
   }
   {
@@ -176,6 +184,7 @@ void SoSensorManager::insertDelaySensor(SoDelayQueueSensor* sensor) {
   {
     std::lock_guard<std::mutex> lock(m_mutex);
     if (sensor->m_manager.load() == this) return;  // already queued: fires once
+    if (SoSensorFiring::isRetiring(sensor)) return;  // being destroyed
     sensor->m_stamp = m_nextStamp++;
     sensor->m_queuedPriority = sensor->m_priority.load();
     sensor->m_manager = this;
@@ -229,6 +238,7 @@ SoDelayQueueSensor* SoSensorManager::popDelay(bool isIdle, uint64_t stampLimit, 
     SoDelayQueueSensor* s = *it;
     if (s->m_stamp >= stampLimit) continue;  // queued during this pass
     if (s->m_queuedIdleOnly && !isIdle) continue;
+    SoSensorFiring::begin(s);  // as in popDueTimer: before the manager is cleared
     m_delayQueue.erase(it);
     delaySensorLeftLocked(s);
     queueEmptied = queueEmptied || m_delayQueue.empty();
@@ -249,6 +259,7 @@ void SoSensorManager::processDelayQueue(bool isIdle) {
   bool emptied = false;
   while (SoDelayQueueSensor* s = popDelay(isIdle, stampLimit, emptied)) {
     fired = true;
+    const SoSensorFiring::EndGuard firing(s);
     s->trigger();  // without the lock: the sensor may reschedule or delete itself
   }
   {
@@ -262,6 +273,7 @@ SoDelayQueueSensor* SoSensorManager::popImmediate() {
   std::lock_guard<std::mutex> lock(m_mutex);
   if (m_immediateQueue.empty()) return nullptr;
   SoDelayQueueSensor* s = m_immediateQueue.front();
+  SoSensorFiring::begin(s);  // as in popDueTimer: before the manager is cleared
   m_immediateQueue.pop_front();
   s->m_manager = nullptr;
   return s;
@@ -270,7 +282,10 @@ SoDelayQueueSensor* SoSensorManager::popImmediate() {
 void SoSensorManager::processImmediateQueue() {
   if (processingImmediateHere(this)) return;  // the running loop below takes new sensors
   ImmediateGuard guard(this);
-  while (SoDelayQueueSensor* s = popImmediate()) s->trigger();
+  while (SoDelayQueueSensor* s = popImmediate()) {
+    const SoSensorFiring::EndGuard firing(s);
+    s->trigger();
+  }
 }
 
 bool SoSensorManager::isDelaySensorPending() const {

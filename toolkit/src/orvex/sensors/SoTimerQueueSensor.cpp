@@ -1,12 +1,15 @@
 #include <Orvex/sensors/SoTimerQueueSensor.h>
+#include "SensorFiring.h"
 
 #include <Orvex/SoDB.h>
 #include <Orvex/errors/SoDebugError.h>
 #include <Orvex/sensors/SoSensorManager.h>
 
 SoTimerQueueSensor::~SoTimerQueueSensor() {
-  // Never leave a dangling pointer in a queue.
-  SoTimerQueueSensor::unschedule();
+  // Never leave a dangling pointer in a queue (retire unschedules), nor a
+  // thread firing a freed sensor.
+  SoSensorFiring::retire(this);
+  SoSensorFiring::forget(this);
 }
 
 void SoTimerQueueSensor::schedule() { scheduleAt(m_triggerTime); }

@@ -1,4 +1,5 @@
 #include <Orvex/sensors/SoTimerSensor.h>
+#include "SensorFiring.h"
 
 #include <cmath>
 
@@ -6,7 +7,7 @@ SoTimerSensor::SoTimerSensor() = default;
 
 SoTimerSensor::SoTimerSensor(SoSensorCB* func, void* data) : SoTimerQueueSensor(func, data) {}
 
-SoTimerSensor::~SoTimerSensor() { SoTimerSensor::unschedule(); }
+SoTimerSensor::~SoTimerSensor() { SoSensorFiring::retire(this); }
 
 void SoTimerSensor::setBaseTime(const SbTime& base) {
   std::lock_guard<std::mutex> lock(m_mutex);

@@ -69,6 +69,11 @@ public abstract class NativeResourceHandle {
     return state.get() < 0;
   }
 
+  /** True when this handle owns its native object: its release frees it (not borrowed, not lent). */
+  public final boolean isOwned() {
+    return counted;
+  }
+
   /**
    * Starts a call on the native object and returns its address, which stays
    * valid until the matching {@link #endUse()}.

@@ -13,7 +13,7 @@ import com.orvexa.orvex.misc.callbacks.SoTriangleCB;
     if (callbackHoldings == null) {
       // Only a wrapper that owns its action knows when the action is gone;
       // one that wraps an action lent by native code keeps its callbacks.
-      callbackHoldings = getNativeResourceHandle() instanceof NativeResourceHandle
+      callbackHoldings = getNativeResourceHandle().isOwned()
           ? NativeCallbackHoldings.createFor(this) : NativeCallbackHoldings.createUnowned();
     }
     return callbackHoldings.address();

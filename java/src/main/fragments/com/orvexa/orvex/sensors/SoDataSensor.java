@@ -36,8 +36,7 @@ import com.orvexa.internal.ObjectManager;
   static void notifyFinal(long address) {
     com.orvexa.orvex.Orvex wrapper = ObjectManager.lookup(address);
     if (!(wrapper instanceof SoDataSensor)) return;
-    Runnable t = ((SoDataSensor) wrapper).finalTask;
-    if (t != null) t.run();
+    runTask(((SoDataSensor) wrapper).finalTask);
   }
 
   /** Makes the toolkit data sensor at {@code sensor} call notifyFinal when its watched object dies. */

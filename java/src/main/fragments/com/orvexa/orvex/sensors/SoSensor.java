@@ -20,7 +20,9 @@ import com.orvexa.internal.ObjectManager;
    *
    * <p>The sensor fires only while the program keeps a reference to it: a
    * collected (or disposed) sensor's toolkit sensor is deleted, which
-   * unschedules and detaches it.
+   * unschedules and detaches it. A deletion on another thread while the
+   * task runs waits for the task to return, so the task must not wait for
+   * the thread that disposes of its sensor.
    */
   public void setTask(Runnable task) {
     final long self = NativeCalls.begin(this, "this");
@@ -46,14 +48,22 @@ import com.orvexa.internal.ObjectManager;
   static void notifySensor(long address) {
     com.orvexa.orvex.Orvex wrapper = ObjectManager.lookup(address);
     if (!(wrapper instanceof SoSensor)) return;  // collected meanwhile: its sensor is being deleted
-    Runnable t = ((SoSensor) wrapper).task;
+    runTask(((SoSensor) wrapper).task);
+  }
+
+  /**
+   * Runs a task the toolkit called for (null: nothing). On the
+   * RealTimeManager thread an exception goes to the thread's
+   * uncaught-exception handler: that thread has no caller to hand it to, and
+   * a pending exception would keep every later sensor of the pass from Java.
+   * Elsewhere it reaches the Java code that made the queue be processed.
+   */
+  static void runTask(Runnable t) {
     if (t == null) return;
     if (!com.orvexa.orvex.RealTimeManager.isCurrentThread()) {
       t.run();
       return;
     }
-    // The queue thread has no caller to hand the exception to, and a pending
-    // exception would keep every later sensor of the pass from Java.
     try {
       t.run();
     } catch (RuntimeException | Error e) {

@@ -380,6 +380,121 @@ class SensorsTest {
   }
 
   @Test
+  void aFailingChangedCallbackOnTheRealTimeManagerThreadDoesNotLoseTheNextSensors() throws InterruptedException {
+    CountDownLatch later = new CountDownLatch(1);
+    List<Throwable> reported = new java.util.concurrent.CopyOnWriteArrayList<>();
+    SbTime timeout = manager.getDelaySensorTimeout();
+    manager.setChangedCallback(new SoSensorManagerCB(() -> {
+      if (RealTimeManager.isCurrentThread()) throw new IllegalStateException("changed callback failed");
+    }));
+    try (SoOneShotSensor delayed = new SoOneShotSensor(() ->
+             Thread.currentThread().setUncaughtExceptionHandler((thread, e) -> reported.add(e)));
+         SoAlarmSensor alarm = new SoAlarmSensor(later::countDown)) {
+      // The timer pass first meets the delay sensor timeout, which empties the
+      // delay queue and calls the changed callback (failing) from native code
+      // in the middle of the pass; the alarm due after it must still fire.
+      manager.setDelaySensorTimeout(new SbTime(0.01));
+      delayed.schedule();
+      alarm.setTimeFromNow(new SbTime(0.05));
+      alarm.schedule();
+      Thread.sleep(200);
+      RealTimeManager.start();
+      try {
+        assertTrue(later.await(5, TimeUnit.SECONDS), "the alarm due after the failing callback fired");
+      } finally {
+        RealTimeManager.stop();
+        manager.setChangedCallback(null);
+        manager.setDelaySensorTimeout(timeout);
+      }
+    }
+    assertFalse(reported.isEmpty());
+    assertEquals("changed callback failed", reported.get(0).getMessage());
+  }
+
+  @Test
+  void replacingTheChangedCallbackWhileSensorsFireOnTheQueueThreadIsSafe() throws InterruptedException {
+    AtomicInteger changes = new AtomicInteger();
+    AtomicInteger fired = new AtomicInteger();
+    Thread replacer = new Thread(() -> {
+      for (int i = 0; i < 20_000; i++) {
+        manager.setChangedCallback(i % 50 == 49 ? null : new SoSensorManagerCB(changes::incrementAndGet));
+        if (i % 1000 == 0) System.gc();
+      }
+    });
+    RealTimeManager.start(1);
+    try {
+      replacer.start();
+      while (replacer.isAlive()) {
+        try (SoOneShotSensor sensor = new SoOneShotSensor(fired::incrementAndGet)) {
+          sensor.schedule();
+          Thread.sleep(1);
+        }
+      }
+      replacer.join();
+    } finally {
+      RealTimeManager.stop();
+      manager.setChangedCallback(null);
+    }
+    assertTrue(fired.get() > 0, "sensors fired meanwhile");
+    assertTrue(changes.get() > 0, "the changed callbacks were called meanwhile");
+  }
+
+  @Test
+  void sensorsDroppedOrDisposedOnOtherThreadsWhileTheQueueThreadFiresThemAreNotFreedUnderIt()
+      throws InterruptedException {
+    AtomicInteger fired = new AtomicInteger();
+    List<SoSensor> toDispose = new java.util.concurrent.CopyOnWriteArrayList<>();
+    java.util.concurrent.atomic.AtomicBoolean done = new java.util.concurrent.atomic.AtomicBoolean();
+    // Disposes from a thread of its own, as a program could, while the
+    // queue thread pops and fires.
+    Thread disposer = new Thread(() -> {
+      while (!done.get() || !toDispose.isEmpty()) {
+        for (SoSensor sensor : toDispose) {
+          sensor.dispose();
+          toDispose.remove(sensor);
+        }
+        Thread.onSpinWait();
+      }
+    });
+    RealTimeManager.start(1);
+    disposer.start();
+    try {
+      for (int i = 0; i < 4000; i++) {
+        SoOneShotSensor oneShot = new SoOneShotSensor(fired::incrementAndGet);
+        oneShot.schedule();
+        // Each field sensor watches a node of its own, changed only here:
+        // the change reaches the sensor in the delay queue, not a sensor
+        // being deleted meanwhile.
+        SoSphere sphere = new SoSphere();
+        SoFieldSensor field = new SoFieldSensor(fired::incrementAndGet);
+        field.attach(sphere.radius);
+        sphere.radius.setValue(i);
+        if (i % 2 == 0) {
+          toDispose.add(oneShot);
+          toDispose.add(field);
+        }
+        // The odd ones are dropped: the Cleaner deletes them.
+        if (i % 200 == 0) System.gc();
+      }
+      done.set(true);
+      disposer.join();
+      System.gc();
+      Thread.sleep(50);
+    } finally {
+      done.set(true);
+      RealTimeManager.stop();
+    }
+    assertTrue(fired.get() > 0, "sensors fired while others went");
+    // The process is alive, and the queues still work.
+    AtomicInteger after = new AtomicInteger();
+    try (SoOneShotSensor sensor = new SoOneShotSensor(after::incrementAndGet)) {
+      sensor.schedule();
+      manager.processDelayQueue(false);
+    }
+    assertEquals(1, after.get());
+  }
+
+  @Test
   void theDatabaseManagerIsOneObjectAndItsTimeoutCrossesAsSbTime() {
     assertSame(manager, SoDB.getSensorManager());
     SbTime timeout = manager.getDelaySensorTimeout();

@@ -65,13 +65,23 @@ public abstract class NCallback {
   /** Makes the kind's native callback object and stores its address in {@code addressCB}. */
   abstract void constructor();
 
+  /** The clean-up that deletes the native object once; null before the first registration. */
+  private Cleaner.Cleanable cleanup;
+
   /**
-   * Deletes the native callback object. Only for a callback no toolkit
-   * object holds; the field keeps its value, so a second call would delete
-   * again: the clean-up, not this method, deletes native objects in normal
-   * operation.
+   * Deletes the native callback object now, for a callback no toolkit object
+   * holds. It runs the clean-up itself, which therefore deletes nothing
+   * later, and clears the address: a second call does nothing.
    */
-  native void deleteNativeCallback();
+  final void deleteNativeCallback() {
+    Cleaner.Cleanable c;
+    synchronized (this) {
+      c = cleanup;
+      cleanup = null;
+      addressCB = 0L;
+    }
+    if (c != null) c.clean();
+  }
 
   /** The native object's address, for tests of the life cycle; 0 before the first registration. */
   final synchronized long nativeAddress() {
@@ -85,7 +95,7 @@ public abstract class NCallback {
       callback.constructor();
       long address = callback.addressCB;
       if (address == 0L) throw new OutOfMemoryError("no memory for a native callback object");
-      CLEANER.register(callback, () -> deleteNativeCallbackAt(address));
+      callback.cleanup = CLEANER.register(callback, () -> deleteNativeCallbackAt(address));
     }
   }
 

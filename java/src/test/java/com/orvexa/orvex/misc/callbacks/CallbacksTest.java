@@ -1,6 +1,7 @@
 package com.orvexa.orvex.misc.callbacks;
 
 import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertNotEquals;
 import static org.junit.jupiter.api.Assertions.assertSame;
 import static org.junit.jupiter.api.Assertions.assertThrows;
@@ -197,6 +198,26 @@ class CallbacksTest {
     }
 
     @Test
+    void aCopyOfACallbackNodeKeepsTheFunctionAliveAfterTheOriginalIsGone() throws InterruptedException {
+      AtomicInteger calls = new AtomicInteger();
+      SoSeparator root = new SoSeparator();
+      SoCallback original = new SoCallback();
+      original.setCallback(new SoCallbackCB((action, data) -> calls.incrementAndGet()), null);
+      SoNode copy = original.copy();
+      root.addChild(copy);
+      // Without its wrapper the original node is destroyed, and lets its
+      // callback go: only the copy can keep the callback alive.
+      WeakReference<SoCallback> gone = new WeakReference<>(original);
+      original = null;
+      assertTrue(collectUntil(() -> gone.get() == null));
+      settle();
+      try (SoCallbackAction action = new SoCallbackAction()) {
+        action.apply(root);
+      }
+      assertEquals(1, calls.get(), "the copy still calls the function");
+    }
+
+    @Test
     void aCallbackNodeCallsItsFunctionForEveryAction() {
       List<String> actions = new ArrayList<>();
       SoCallback node = new SoCallback();
@@ -295,6 +316,33 @@ class CallbacksTest {
       cb.deleteNativeCallback();
       assertEquals(live, NCallback.liveNativeCallbacks());
       assertEquals(0L, cb.nativeAddress());
+    }
+
+    @Test
+    void anActionWrapperOwnsItsHandleAndABorrowedHandleDoesNot() {
+      try (SoCallbackAction action = new SoCallbackAction()) {
+        assertTrue(action.getNativeResourceHandle().isOwned());
+      }
+      assertFalse(com.orvexa.internal.NativeResourceHandle.borrowed(1L).isOwned());
+    }
+
+    @Test
+    void deleteNativeCallbackDeletesOnceAndTheCleanUpNotAgain() throws InterruptedException {
+      settle();
+      long live = NCallback.liveNativeCallbacks();
+      SoPointCB cb = new SoPointCB((a, v, data) -> {});
+      com.orvexa.internal.CallbackAccess.prepare(cb);  // the native object, held by nothing
+      assertEquals(live + 1, NCallback.liveNativeCallbacks());
+      cb.deleteNativeCallback();
+      assertEquals(0L, cb.nativeAddress());
+      assertEquals(live, NCallback.liveNativeCallbacks());
+      cb.deleteNativeCallback();
+      assertEquals(live, NCallback.liveNativeCallbacks());
+      // Once the Java object is gone its clean-up has run already: a second
+      // delete would show as one native object fewer than were ever made.
+      cb = null;
+      settle();
+      assertEquals(live, NCallback.liveNativeCallbacks());
     }
 
     @Test
