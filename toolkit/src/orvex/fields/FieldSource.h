@@ -74,6 +74,17 @@ bool growOrReport(Grow grow) {
   }
 }
 
+// Readies values [start, start + n) of a field holding `num` values to be
+// set: grows the field through `alloc(newNum)` when the range goes past its
+// end, or copies a read-only block first. False, with nothing changed, for a
+// range no int can index or that no memory can hold (a memory error posted).
+template <class Alloc>
+bool roomForValues(int start, int n, int num, bool readOnly, Alloc alloc) {
+  if (start < 0 || n < 0 || n > INT_MAX - start) return false;
+  if (start + n <= num && !readOnly) return true;
+  return growOrReport([&] { alloc(std::max(num, start + n)); });
+}
+
 template <class T>
 void allocValues(T*& values, int& num, int& maxNum, int newNum, bool& userData, bool& readOnly,
                  bool deleteEnabled) {
@@ -232,9 +243,9 @@ bool readBinary(SoInput* in, T* values, int num, bool& done) {
     return num - 1;                                                                    \
   }                                                                                    \
   void className::setValues(int start, int n, valueType const* newValues) {            \
-    if (start < 0 || n < 0 || (n > 0 && !newValues) || n > INT_MAX - start) return;    \
-    if ((start + n > num || m_userDataIsReadOnly) &&                                   \
-        !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))     \
+    if ((n > 0 && !newValues) ||                                                       \
+        !orvex::fio::roomForValues(start, n, num, m_userDataIsReadOnly,                \
+                                   [this](int newNum) { allocValues(newNum); }))       \
       return;                                                                          \
     for (int i = 0; i < n; ++i) {                                                      \
       orvex::fio::RefTraits<valueType>::attach(this, newValues[i]);                    \

@@ -40,8 +40,6 @@
 
 #include "FieldSource.h"
 
-#include <climits>
-
 SO_MFIELD_SOURCE(SoMFBool, "MFBool", bool, bool)
 
 SO_MFIELD_SOURCE(SoMFFloat, "MFFloat", float, float)
@@ -94,17 +92,15 @@ void SoMFRotationd::setValue(const double q[4]) { setValue(SbRotationd(q)); }
 
 SO_MFIELD_SOURCE(SoMFColor, "MFColor", SbColor, const SbColor&)
 void SoMFColor::setValues(int start, int n, const float v[][3]) {
-  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
-  if ((start + n > num || m_userDataIsReadOnly) &&
-      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+  if ((n > 0 && !v) ||
+      !orvex::fio::roomForValues(start, n, num, m_userDataIsReadOnly, [this](int newNum) { allocValues(newNum); }))
     return;
   for (int i = 0; i < n; ++i) values[start + i] = SbColor(v[i][0], v[i][1], v[i][2]);
   valueChanged(start, n);
 }
 void SoMFColor::setHSVValues(int start, int n, const float hsv[][3]) {
-  if (start < 0 || n < 0 || (n > 0 && !hsv) || n > INT_MAX - start) return;
-  if ((start + n > num || m_userDataIsReadOnly) &&
-      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+  if ((n > 0 && !hsv) ||
+      !orvex::fio::roomForValues(start, n, num, m_userDataIsReadOnly, [this](int newNum) { allocValues(newNum); }))
     return;
   for (int i = 0; i < n; ++i) values[start + i].setHSVValue(hsv[i][0], hsv[i][1], hsv[i][2]);
   valueChanged(start, n);
@@ -128,17 +124,15 @@ void SoMFColor::setHSVValue(const float hsv[3]) { setHSVValue(hsv[0], hsv[1], hs
 
 SO_MFIELD_SOURCE(SoMFColorRGBA, "MFColorRGBA", SbColorRGBA, const SbColorRGBA&)
 void SoMFColorRGBA::setValues(int start, int n, const float v[][4]) {
-  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
-  if ((start + n > num || m_userDataIsReadOnly) &&
-      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+  if ((n > 0 && !v) ||
+      !orvex::fio::roomForValues(start, n, num, m_userDataIsReadOnly, [this](int newNum) { allocValues(newNum); }))
     return;
   for (int i = 0; i < n; ++i) values[start + i] = SbColorRGBA(v[i][0], v[i][1], v[i][2], v[i][3]);
   valueChanged(start, n);
 }
 void SoMFColorRGBA::setHSVAValues(int start, int n, const float hsv[][4]) {
-  if (start < 0 || n < 0 || (n > 0 && !hsv) || n > INT_MAX - start) return;
-  if ((start + n > num || m_userDataIsReadOnly) &&
-      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+  if ((n > 0 && !hsv) ||
+      !orvex::fio::roomForValues(start, n, num, m_userDataIsReadOnly, [this](int newNum) { allocValues(newNum); }))
     return;
   for (int i = 0; i < n; ++i) values[start + i].setHSVAValue(hsv[i][0], hsv[i][1], hsv[i][2], hsv[i][3]);
   valueChanged(start, n);
@@ -162,9 +156,8 @@ void SoMFColorRGBA::setHSVAValue(const float hsv[4]) { setHSVAValue(hsv[0], hsv[
 
 SO_MFIELD_SOURCE(SoMFVec2f, "MFVec2f", SbVec2f, const SbVec2f&)
 void SoMFVec2f::setValues(int start, int n, const float v[][2]) {
-  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
-  if ((start + n > num || m_userDataIsReadOnly) &&
-      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+  if ((n > 0 && !v) ||
+      !orvex::fio::roomForValues(start, n, num, m_userDataIsReadOnly, [this](int newNum) { allocValues(newNum); }))
     return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 2; ++k) values[start + i][k] = v[i][k];
@@ -189,9 +182,8 @@ void SoMFVec2f::setValue(const float v[2]) {
 
 SO_MFIELD_SOURCE(SoMFVec3f, "MFVec3f", SbVec3f, const SbVec3f&)
 void SoMFVec3f::setValues(int start, int n, const float v[][3]) {
-  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
-  if ((start + n > num || m_userDataIsReadOnly) &&
-      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+  if ((n > 0 && !v) ||
+      !orvex::fio::roomForValues(start, n, num, m_userDataIsReadOnly, [this](int newNum) { allocValues(newNum); }))
     return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 3; ++k) values[start + i][k] = v[i][k];
@@ -216,9 +208,8 @@ void SoMFVec3f::setValue(const float v[3]) {
 
 SO_MFIELD_SOURCE(SoMFVec4f, "MFVec4f", SbVec4f, const SbVec4f&)
 void SoMFVec4f::setValues(int start, int n, const float v[][4]) {
-  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
-  if ((start + n > num || m_userDataIsReadOnly) &&
-      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+  if ((n > 0 && !v) ||
+      !orvex::fio::roomForValues(start, n, num, m_userDataIsReadOnly, [this](int newNum) { allocValues(newNum); }))
     return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 4; ++k) values[start + i][k] = v[i][k];
@@ -243,9 +234,8 @@ void SoMFVec4f::setValue(const float v[4]) {
 
 SO_MFIELD_SOURCE(SoMFVec2d, "MFVec2d", SbVec2d, const SbVec2d&)
 void SoMFVec2d::setValues(int start, int n, const double v[][2]) {
-  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
-  if ((start + n > num || m_userDataIsReadOnly) &&
-      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+  if ((n > 0 && !v) ||
+      !orvex::fio::roomForValues(start, n, num, m_userDataIsReadOnly, [this](int newNum) { allocValues(newNum); }))
     return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 2; ++k) values[start + i][k] = v[i][k];
@@ -270,9 +260,8 @@ void SoMFVec2d::setValue(const double v[2]) {
 
 SO_MFIELD_SOURCE(SoMFVec3d, "MFVec3d", SbVec3d, const SbVec3d&)
 void SoMFVec3d::setValues(int start, int n, const double v[][3]) {
-  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
-  if ((start + n > num || m_userDataIsReadOnly) &&
-      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+  if ((n > 0 && !v) ||
+      !orvex::fio::roomForValues(start, n, num, m_userDataIsReadOnly, [this](int newNum) { allocValues(newNum); }))
     return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 3; ++k) values[start + i][k] = v[i][k];
@@ -297,9 +286,8 @@ void SoMFVec3d::setValue(const double v[3]) {
 
 SO_MFIELD_SOURCE(SoMFVec4d, "MFVec4d", SbVec4d, const SbVec4d&)
 void SoMFVec4d::setValues(int start, int n, const double v[][4]) {
-  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
-  if ((start + n > num || m_userDataIsReadOnly) &&
-      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+  if ((n > 0 && !v) ||
+      !orvex::fio::roomForValues(start, n, num, m_userDataIsReadOnly, [this](int newNum) { allocValues(newNum); }))
     return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 4; ++k) values[start + i][k] = v[i][k];
@@ -324,9 +312,8 @@ void SoMFVec4d::setValue(const double v[4]) {
 
 SO_MFIELD_SOURCE(SoMFVec2i32, "MFVec2i32", SbVec2i32, const SbVec2i32&)
 void SoMFVec2i32::setValues(int start, int n, const int32_t v[][2]) {
-  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
-  if ((start + n > num || m_userDataIsReadOnly) &&
-      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+  if ((n > 0 && !v) ||
+      !orvex::fio::roomForValues(start, n, num, m_userDataIsReadOnly, [this](int newNum) { allocValues(newNum); }))
     return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 2; ++k) values[start + i][k] = v[i][k];
@@ -351,9 +338,8 @@ void SoMFVec2i32::setValue(const int32_t v[2]) {
 
 SO_MFIELD_SOURCE(SoMFVec3i32, "MFVec3i32", SbVec3i32, const SbVec3i32&)
 void SoMFVec3i32::setValues(int start, int n, const int32_t v[][3]) {
-  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
-  if ((start + n > num || m_userDataIsReadOnly) &&
-      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+  if ((n > 0 && !v) ||
+      !orvex::fio::roomForValues(start, n, num, m_userDataIsReadOnly, [this](int newNum) { allocValues(newNum); }))
     return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 3; ++k) values[start + i][k] = v[i][k];
@@ -378,9 +364,8 @@ void SoMFVec3i32::setValue(const int32_t v[3]) {
 
 SO_MFIELD_SOURCE(SoMFVec4i32, "MFVec4i32", SbVec4i32, const SbVec4i32&)
 void SoMFVec4i32::setValues(int start, int n, const int32_t v[][4]) {
-  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
-  if ((start + n > num || m_userDataIsReadOnly) &&
-      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+  if ((n > 0 && !v) ||
+      !orvex::fio::roomForValues(start, n, num, m_userDataIsReadOnly, [this](int newNum) { allocValues(newNum); }))
     return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 4; ++k) values[start + i][k] = v[i][k];
@@ -405,9 +390,8 @@ void SoMFVec4i32::setValue(const int32_t v[4]) {
 
 SO_MFIELD_SOURCE(SoMFVec2s, "MFVec2s", SbVec2s, const SbVec2s&)
 void SoMFVec2s::setValues(int start, int n, const short v[][2]) {
-  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
-  if ((start + n > num || m_userDataIsReadOnly) &&
-      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+  if ((n > 0 && !v) ||
+      !orvex::fio::roomForValues(start, n, num, m_userDataIsReadOnly, [this](int newNum) { allocValues(newNum); }))
     return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 2; ++k) values[start + i][k] = v[i][k];
@@ -432,9 +416,8 @@ void SoMFVec2s::setValue(const short v[2]) {
 
 SO_MFIELD_SOURCE(SoMFVec3s, "MFVec3s", SbVec3s, const SbVec3s&)
 void SoMFVec3s::setValues(int start, int n, const short v[][3]) {
-  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
-  if ((start + n > num || m_userDataIsReadOnly) &&
-      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+  if ((n > 0 && !v) ||
+      !orvex::fio::roomForValues(start, n, num, m_userDataIsReadOnly, [this](int newNum) { allocValues(newNum); }))
     return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 3; ++k) values[start + i][k] = v[i][k];
@@ -459,9 +442,8 @@ void SoMFVec3s::setValue(const short v[3]) {
 
 SO_MFIELD_SOURCE(SoMFVec4s, "MFVec4s", SbVec4s, const SbVec4s&)
 void SoMFVec4s::setValues(int start, int n, const short v[][4]) {
-  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
-  if ((start + n > num || m_userDataIsReadOnly) &&
-      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+  if ((n > 0 && !v) ||
+      !orvex::fio::roomForValues(start, n, num, m_userDataIsReadOnly, [this](int newNum) { allocValues(newNum); }))
     return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 4; ++k) values[start + i][k] = v[i][k];
@@ -486,9 +468,8 @@ void SoMFVec4s::setValue(const short v[4]) {
 
 SO_MFIELD_SOURCE(SoMFVec4b, "MFVec4b", SbVec4b, const SbVec4b&)
 void SoMFVec4b::setValues(int start, int n, const int8_t v[][4]) {
-  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
-  if ((start + n > num || m_userDataIsReadOnly) &&
-      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+  if ((n > 0 && !v) ||
+      !orvex::fio::roomForValues(start, n, num, m_userDataIsReadOnly, [this](int newNum) { allocValues(newNum); }))
     return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 4; ++k) values[start + i][k] = v[i][k];
@@ -513,9 +494,8 @@ void SoMFVec4b::setValue(const int8_t v[4]) {
 
 SO_MFIELD_SOURCE(SoMFVec4ub, "MFVec4ub", SbVec4ub, const SbVec4ub&)
 void SoMFVec4ub::setValues(int start, int n, const uint8_t v[][4]) {
-  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
-  if ((start + n > num || m_userDataIsReadOnly) &&
-      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+  if ((n > 0 && !v) ||
+      !orvex::fio::roomForValues(start, n, num, m_userDataIsReadOnly, [this](int newNum) { allocValues(newNum); }))
     return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 4; ++k) values[start + i][k] = v[i][k];
@@ -540,9 +520,8 @@ void SoMFVec4ub::setValue(const uint8_t v[4]) {
 
 SO_MFIELD_SOURCE(SoMFVec4ui32, "MFVec4ui32", SbVec4ui32, const SbVec4ui32&)
 void SoMFVec4ui32::setValues(int start, int n, const uint32_t v[][4]) {
-  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
-  if ((start + n > num || m_userDataIsReadOnly) &&
-      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+  if ((n > 0 && !v) ||
+      !orvex::fio::roomForValues(start, n, num, m_userDataIsReadOnly, [this](int newNum) { allocValues(newNum); }))
     return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 4; ++k) values[start + i][k] = v[i][k];
@@ -567,9 +546,8 @@ void SoMFVec4ui32::setValue(const uint32_t v[4]) {
 
 SO_MFIELD_SOURCE(SoMFVec4us, "MFVec4us", SbVec4us, const SbVec4us&)
 void SoMFVec4us::setValues(int start, int n, const unsigned short v[][4]) {
-  if (start < 0 || n < 0 || (n > 0 && !v) || n > INT_MAX - start) return;
-  if ((start + n > num || m_userDataIsReadOnly) &&
-      !orvex::fio::growOrReport([&] { allocValues(std::max(num, start + n)); }))
+  if ((n > 0 && !v) ||
+      !orvex::fio::roomForValues(start, n, num, m_userDataIsReadOnly, [this](int newNum) { allocValues(newNum); }))
     return;
   for (int i = 0; i < n; ++i)
     for (int k = 0; k < 4; ++k) values[start + i][k] = v[i][k];
