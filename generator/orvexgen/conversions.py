@@ -376,7 +376,16 @@ class TypeName(Conversion):
         return [], f"StringHelper::fromNativeString(env, ({expr}).getName())", True
 
 
-class OutString(Conversion):
+class OneElementOut(Conversion):
+    """A Java array whose element 0 receives what the toolkit hands back
+    through a reference parameter: it must exist."""
+
+    def java_checks(self, p):
+        return [null_check(p),
+                f"if ({p}.length < 1) throw com.orvexa.internal.NativeCalls.tooShort(\"{p}\", 1, {p}.length);"]
+
+
+class OutString(OneElementOut):
     """A non-const SbString& or SbName& the toolkit writes: a one-element
     String[] that receives the text after the call."""
     kind = "out_string"
@@ -386,10 +395,6 @@ class OutString(Conversion):
 
     def __init__(self, cpp: str):
         self.cpp = cpp            # SbString | SbName
-
-    def java_checks(self, p):
-        return [null_check(p),
-                f"if ({p}.length < 1) throw com.orvexa.internal.NativeCalls.tooShort(\"{p}\", 1, {p}.length);"]
 
     def cpp_pre(self, p):
         return [f"{self.cpp} {p}Tmp;"]
@@ -710,7 +715,7 @@ class StringArray(Conversion):
         return f"{p}Helper.toSbStringArray()"
 
 
-class OutScalar(Conversion):
+class OutScalar(OneElementOut):
     """A non-const reference to a scalar: a one-element Java array that
     receives the value after the call."""
     kind = "out"
@@ -720,10 +725,6 @@ class OutScalar(Conversion):
         self.jni_type = JNI_ARRAY[jelem]
         self.ctype = ctype
         self.store = store        # C++ expression over `<p>Tmp`, with {p} for the name
-
-    def java_checks(self, p):
-        return [null_check(p),
-                f"if ({p}.length < 1) throw com.orvexa.internal.NativeCalls.tooShort(\"{p}\", 1, {p}.length);"]
 
     def cpp_pre(self, p):
         return [f"{self.ctype} {p}Tmp{{}};"]
@@ -736,7 +737,7 @@ class OutScalar(Conversion):
                 f"*{p}ArrayHelper.toNativeArray({p}, {READ_WRITE}) = {self.store.format(p=p)};"]
 
 
-class IntBuffer(Conversion):
+class IntBuffer(OneElementOut):
     """`const int*&` next to its `int&` count (getPathCode): the toolkit's own
     memory as a direct byte buffer of count x 4 bytes, handed back in element
     0 of a one-element array (null when the toolkit gives no indices). The
@@ -750,10 +751,6 @@ class IntBuffer(Conversion):
     def __init__(self, count: str, count_first: bool = True):
         self.count = count
         self.count_first = count_first
-
-    def java_checks(self, p):
-        return [null_check(p),
-                f"if ({p}.length < 1) throw com.orvexa.internal.NativeCalls.tooShort(\"{p}\", 1, {p}.length);"]
 
     def java_after(self, p, ctx):
         return [f"if ({p}[0] != null) {p}[0] = {p}[0].order(java.nio.ByteOrder.nativeOrder());"]
