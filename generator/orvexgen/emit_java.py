@@ -6,6 +6,7 @@ import os
 from typing import List, Optional, Sequence, Tuple
 
 from .conversions import JavaContext
+from .emit_bulk import bulk_members
 from .plan import ClassPlan, Method
 
 JAVA_BOXED_HASH = {"float": "Float.hashCode(e == 0f ? 0f : e)", "double": "Double.hashCode(e == 0d ? 0d : e)",
@@ -398,6 +399,11 @@ def _class_lines(plan: ClassPlan, fragments_dir: Optional[str], plans: Sequence[
     if closeable:
         lines += ["  /** Releases the native object now, as {@link #dispose()}; the object must not be used afterwards. */",
                   "  @Override", "  public void close() {", "    dispose();", "  }", ""]
+
+    bulk = plan.rules.bulk.get(plan.name)
+    if bulk is not None:
+        lines += bulk_members(w.java_name, bulk)
+        lines.append("")
 
     if fragment:
         lines.append("  // ---- hand-written members (" + "/".join(plan.package.split(".")) + f"/{w.java_name}.java fragment) ----")

@@ -16,6 +16,12 @@ Keys (all optional):
   carried_by         table: C++ class -> C++ class whose Java class stands
                      for it (SoSFUInt32 = "SoSFInt32": no Java class of its
                      own; its objects arrive as the other class's wrappers)
+  bulk               table: class -> { elem, components, value, per }: a
+                     multiple-value field of numbers whose values also cross
+                     in bulk (primitive arrays of elem, direct buffers):
+                     components numbers per value (1 by default), value the
+                     Java value class of a value of several numbers and per
+                     what one of them is, for the documentation
   read_write         Java method names whose const value operands are pinned
                      READ_WRITE (copied back although only read); every other
                      const operand is pinned READ_ONLY
@@ -88,6 +94,14 @@ class ClassRules:
 
 
 @dataclass
+class BulkValues:
+    elem: str                 # Java primitive type of the numbers
+    components: int = 1       # numbers per value
+    value: str = ""           # Java value class of a value, when components > 1
+    per: str = ""             # what a value is, for the documentation ("vector")
+
+
+@dataclass
 class PackageRules:
     package: str
     path: str
@@ -103,13 +117,14 @@ class PackageRules:
     array_results: Dict[str, str] = field(default_factory=dict)
     index_bounds: Dict[str, Dict[str, str]] = field(default_factory=dict)
     per_class: Dict[str, ClassRules] = field(default_factory=dict)
+    bulk: Dict[str, BulkValues] = field(default_factory=dict)
 
     def for_class(self, name: str) -> ClassRules:
         return self.per_class.get(name, ClassRules())
 
 
 _TOP = {"classes", "value", "services", "extensible", "exclude", "operators", "read_write", "class", "java_names", "carried_by",
-        "array_results", "index_bounds"}
+        "array_results", "index_bounds", "bulk"}
 _CLASS = {"java_side", "exclude", "reserve", "assumed_bytes", "array_results", "nullable", "array_lengths",
           "forward", "index_bounds", "holds", "applied"}
 
@@ -136,6 +151,13 @@ def load(path: str) -> PackageRules:
     r.array_results = dict(data.get("array_results", {}))
     r.index_bounds = {k: dict(v) for k, v in data.get("index_bounds", {}).items()}
     r.carried_by = dict(data.get("carried_by", {}))
+    for name, b in data.get("bulk", {}).items():
+        if name not in r.classes:
+            raise ValueError(f"{path}: bulk values for {name}, which is not in 'classes'")
+        r.bulk[name] = BulkValues(elem=b["elem"], components=int(b.get("components", 1)), value=b.get("value", ""),
+                                  per=b.get("per", ""))
+        if r.bulk[name].components > 1 and not (r.bulk[name].value and r.bulk[name].per):
+            raise ValueError(f"{path}: bulk values of {name}: several components need 'value' and 'per'")
     for k in list(r.java_names) + list(r.carried_by):
         if k not in r.classes:
             raise ValueError(f"{path}: {k} is renamed or carried but not in 'classes'")
