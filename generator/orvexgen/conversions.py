@@ -102,6 +102,10 @@ class Conversion:
     def java_checks(self, p: str) -> List[str]:
         return []
 
+    def java_checks_in_call(self, p: str) -> List[str]:
+        """Checks that need the receiver's address (`self`), marked in flight."""
+        return []
+
     def java_begin(self, p: str) -> List[str]:
         return []
 
@@ -157,6 +161,8 @@ class JavaContext:
     self_type: str
     array_count: str = ""
     lender: str = ""          # the receiver that lends the owned objects its members return
+    until_renewed: bool = False   # ... only until the receiver's next renewal
+    caller_owns: bool = False     # an owned result is a new object the caller owns
 
 
 class Void(Conversion):
@@ -213,10 +219,23 @@ class Index(Primitive):
         self.inclusive = bound.strip().startswith("<=")
         self.bound = bound.strip()[2:].strip() if self.inclusive else bound.strip()
 
+    # The bound as an expression over the receiver's address (`self`), set
+    # when the bound is a query whose entry point can be called directly:
+    # the check then runs inside the call's bracket.
+    bound_in_call = ""
+
     def java_checks(self, p):
+        return [] if self.bound_in_call else self._check(p, self.bound)
+
+    def java_checks_in_call(self, p):
+        if not self.bound_in_call:
+            return []
+        return [f"final int {p}Bound = {self.bound_in_call};"] + self._check(p, f"{p}Bound")
+
+    def _check(self, p, bound):
         op = ">" if self.inclusive else ">="
-        return [f"if ({p} < 0 || {p} {op} {self.bound}) throw new IndexOutOfBoundsException("
-                f"\"{p} \" + {p} + \" outside 0..\" + ({self.bound}{'' if self.inclusive else ' - 1'}));"]
+        return [f"if ({p} < 0 || {p} {op} {bound}) throw new IndexOutOfBoundsException("
+                f"\"{p} \" + {p} + \" outside 0..\" + ({bound}{'' if self.inclusive else ' - 1'}));"]
 
 
 class Bool(Conversion):
@@ -461,11 +480,14 @@ class Handle(Conversion):
         return [f"const jlong result = reinterpret_cast<jlong>({expr});"]
 
     def java_result(self, call, ctx):
+        if self.w.kind == "owned" and ctx.caller_owns:
+            return [f"return {raw_access(self.w, ctx.package)}.adopt({call([])});"]
         if self.w.kind == "owned" and ctx.lender:
             # An owned object a member hands out belongs to the receiver (an
             # action's picked point, a container's field): its wrapper's calls
             # need the receiver alive, and keep it so.
-            return [f"return com.orvexa.internal.ObjectManager.getLentObject({self.public_type}.class, "
+            lookup = "getLentObjectUntilRenewed" if ctx.until_renewed else "getLentObject"
+            return [f"return com.orvexa.internal.ObjectManager.{lookup}({self.public_type}.class, "
                     f"{call([])}, {ctx.lender});"]
         return [f"return com.orvexa.internal.ObjectManager.getManagedObject({self.public_type}.class, {call([])});"]
 
@@ -817,9 +839,10 @@ class ListType:
     lent: bool = False
 
 
-def _wrap_list(t: ListType, addresses: str, lender: str) -> str:
+def _wrap_list(t: ListType, addresses: str, lender: str, until_renewed: bool = False) -> str:
     if t.lent and lender:
-        return f"com.orvexa.internal.NativeLists.lent({t.elem_java}.class, {addresses}, {lender})"
+        kind = "lentUntilRenewed" if until_renewed else "lent"
+        return f"com.orvexa.internal.NativeLists.{kind}({t.elem_java}.class, {addresses}, {lender})"
     return f"com.orvexa.internal.NativeLists.managed({t.elem_java}.class, {addresses})"
 
 
@@ -843,7 +866,7 @@ class ObjectList(Conversion):
         return PointerList(self.by_pointer, self.t.cpp).cpp_result(expr)
 
     def java_result(self, call, ctx):
-        return [f"return {_wrap_list(self.t, call([]), ctx.lender)};"]
+        return [f"return {_wrap_list(self.t, call([]), ctx.lender, ctx.until_renewed)};"]
 
 
 class ObjectListOut(Conversion):

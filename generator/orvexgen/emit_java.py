@@ -82,7 +82,7 @@ def _guarded_body(plan: ClassPlan, m: Method, inner: List[str]) -> List[str]:
         begin = a.conv.java_begin(a.name)
         if begin:
             brackets.append((begin, a.conv.java_end(a.name)))
-    body = list(inner)
+    body = [line for a in m.args for line in a.conv.java_checks_in_call(a.name)] + list(inner)
     for begin, end in reversed(brackets):
         if not end:   # nothing to undo: no bracket
             body = begin + body
@@ -98,7 +98,8 @@ def _public_method(plan: ClassPlan, m: Method) -> List[str]:
     ret = plan.java_simple if r.kind == "self" else r.public_type
     mods = f"{m.java_access} {'static ' if static else ''}"
     out = [f"  {mods}{ret} {m.group}({_public_params(m)}) {{"]
-    ctx = JavaContext(plan.package, plan.java_simple, m.array_count, "this" if m.receiver == "handle" else "")
+    ctx = JavaContext(plan.package, plan.java_simple, m.array_count, "this" if m.receiver == "handle" else "",
+                      m.lent_until_renewed, m.caller_owns)
     call = f"{m.native_name}({_native_args(plan, m)})"
     after = [line for a in m.args for line in a.conv.java_after(a.name, ctx)]
     if not after:
@@ -116,6 +117,10 @@ def _public_method(plan: ClassPlan, m: Method) -> List[str]:
         # uses it), else before it, which at worst keeps an object a little
         # longer should the call fail.
         inner = inner + [_hold(m)] if r.kind == "void" else [_hold(m)] + inner
+    if m.renews:
+        # Before the call: what it frees must be refused from now on, and
+        # whatever the call itself lends belongs to the new round.
+        inner = ["com.orvexa.internal.NativeCalls.renew(this);"] + inner
     out += _guarded_body(plan, m, inner)
     out.append("  }")
     return out
@@ -312,14 +317,19 @@ def _class_lines(plan: ClassPlan, fragments_dir: Optional[str], plans: Sequence[
         for member, jt in plan.field_members:
             lines += [f"  /** The toolkit field {{@code {member}}}; the container owns it. */",
                       f"  public final {jt} {member};", ""]
+        for member in plan.output_members:
+            lines += [f"  /** The engine output {{@code {member}}}; the engine owns it. */",
+                      f"  public final com.orvexa.orvex.engines.SoEngineOutput {member};", ""]
         lines += [f"  protected {name}(com.orvexa.internal.NativeResourceHandle handle) {{",
                   "    super(handle);"]
         lines += [f'    {member} = fieldOf({jt}.class, "{member}");' for member, jt in plan.field_members]
+        lines += [f'    {member} = getOutput("{member}");' for member in plan.output_members]
         lines += ["  }", ""]
         if w.kind == "owned":
             lines += ["  /** Wraps a native object that Java now owns (released with this wrapper); null for 0. */",
                       f"  static {name} adopt(long address) {{",
-                      f"    return address == 0L ? null : new {name}(new NativeResourceHandle(address));", "  }", ""]
+                      f"    return address == 0L ? null : com.orvexa.internal.ObjectManager.adopt({name}.class, "
+                      "new NativeResourceHandle(address));", "  }", ""]
         if plan.to_array:
             ctor = plan.default_ctor().native_name
             lines += [f"  /** Copies of {{@code count}} contiguous native objects at {{@code address}}, owned by Java. */",

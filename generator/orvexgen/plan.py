@@ -60,6 +60,9 @@ class Method:
     overloads: List[int] = field(default_factory=list)   # parameter counts of the default-argument overloads
     holds: str = ""           # the parameter whose object the receiver keeps using after the call
     needs_applied: bool = False   # an action member that reads the traversal state
+    renews: bool = False          # frees what the receiver lent until renewal
+    lent_until_renewed: bool = False   # its owned result lives in the receiver until a renewal
+    caller_owns: bool = False     # its owned result is a new object for the caller
 
 
 @dataclass
@@ -83,6 +86,7 @@ class ClassPlan:
     extensible: bool = False
     to_array: bool = False    # an owned class whose objects arrive as arrays of copies (toArrayImpl)
     field_members: List[tuple] = field(default_factory=list)   # (name, Java field class) of a field container
+    output_members: List[str] = field(default_factory=list)    # names of an engine's outputs
     # An owned class whose destructor is not public but that counts its own
     # references (ref(), unref()): Java's reference is one count.
     self_counted: bool = False
@@ -252,6 +256,8 @@ def plan_class(name: str, classes: Dict[str, CClass], wrapped: Dict[str, Wrapped
     for member, t in cls.public_members:
         if t.kind == "class" and t.name in wrapped and "SoField" in cparse.ancestors(classes, t.name):
             plan.field_members.append((member, ctx.java_name(wrapped[t.name])))
+        elif t.kind == "class" and t.name == "SoEngineOutput" and t.name in wrapped:
+            plan.output_members.append(member)
 
     functions = list(cls.functions)
     if not cls.has_user_ctor and not cls.is_abstract and cls.has_public_default_ctor:
@@ -299,10 +305,33 @@ def plan_class(name: str, classes: Dict[str, CClass], wrapped: Dict[str, Wrapped
             except Unsupported as e:
                 m.skipped = str(e)
         m.needs_applied = f.name in crules.applied or sig in crules.applied
+        m.renews = f.name in crules.renews or sig in crules.renews
+        m.lent_until_renewed = f.name in crules.lent_until_renewed or sig in crules.lent_until_renewed
+        m.caller_owns = f.name in rules.caller_owns
         plan.methods.append(m)
     _check_rules_name_members(plan, crules, rules)
+    _bounds_from_entry_points(plan)
     _check_array_counts(plan, crules)
     return plan
+
+
+def _bounds_from_entry_points(plan: ClassPlan) -> None:
+    """An index bounded by a query of the receiver without arguments
+    ("getNumChildren()") is checked with that query's entry point on the
+    address already marked in flight, not through its public method: one
+    bracket per call instead of two, on paths as hot as getChild."""
+    queries = {m.group: m for m in plan.methods
+               if not m.skipped and not m.is_ctor and m.receiver == "handle" and not m.args
+               and m.result.kind == "prim"}
+    for m in plan.methods:
+        if m.skipped or m.receiver != "handle":
+            continue
+        for a in m.args:
+            if isinstance(a.conv, Index):
+                match = re.fullmatch(r"(\w+)\(\)", a.conv.bound)
+                query = queries.get(match.group(1)) if match else None
+                if query is not None:
+                    a.conv.bound_in_call = f"{query.native_name}(self)"
 
 
 def _check_rules_name_members(plan: ClassPlan, crules, rules: PackageRules) -> None:
@@ -316,7 +345,9 @@ def _check_rules_name_members(plan: ClassPlan, crules, rules: PackageRules) -> N
                       ("holds", set(crules.holds))):
         problems += [f"{key} names no member {s!r}" for s in sorted(what - signatures)]
     problems += [f"exclude names no member {s!r}" for s in sorted(crules.exclude - signatures - names)]
-    problems += [f"applied names no member {s!r}" for s in sorted(crules.applied - signatures - names)]
+    for key, what in (("applied", crules.applied), ("renews", crules.renews),
+                      ("lent_until_renewed", crules.lent_until_renewed)):
+        problems += [f"{key} names no member {s!r}" for s in sorted(what - signatures - names)]
     by_sig = {m.cfunc.signature: m.cfunc for m in plan.methods}
     for sig, params in crules.nullable.items():
         known = {p.name for p in by_sig[sig].params} if sig in by_sig else set()

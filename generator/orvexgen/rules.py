@@ -11,6 +11,11 @@ Keys (all optional):
   array_results      table: member name -> count expression, for every class
                      of the package that has the member (see [class.<Name>])
   index_bounds       table: member name -> { parameter = bound }, likewise
+  caller_owns        member names, for every class of the package, whose
+                     result of a plain owned class is a new object the caller
+                     must delete (a detail's copy()): Java adopts it, and
+                     frees it with its wrapper. Other owned results live in
+                     the receiver, which lends them
   java_names         table: C++ class -> Java class name, where they differ
                      (SoSFInt32 = "SoSFInt")
   carried_by         table: C++ class -> C++ class whose Java class stands
@@ -58,6 +63,15 @@ Keys (all optional):
                      native object alive, whatever its wrapper's fate, until
                      the receiver is given another (or null) through a
                      member holding the same parameter name, or is released
+    renews           members (names: every overload; or signatures) whose
+                     call frees what the receiver lent until renewal (an
+                     action's apply frees the previous traversal's picked
+                     points): the Java side makes those objects' wrappers
+                     refuse calls before the member runs
+    lent_until_renewed
+                     members (names or signatures) whose owned result lives
+                     inside the receiver only until one of its `renews`
+                     members (possibly a base class's) is called
     array_results    table: member -> count. The member returns a pointer to
                      that many contiguous values: objects of a wrapped class
                      (Java gets an array of copies) or primitives (a Java
@@ -91,6 +105,8 @@ class ClassRules:
     index_bounds: Dict[str, Dict[str, str]] = field(default_factory=dict)
     holds: Dict[str, str] = field(default_factory=dict)
     applied: Set[str] = field(default_factory=set)
+    renews: Set[str] = field(default_factory=set)
+    lent_until_renewed: Set[str] = field(default_factory=set)
 
 
 @dataclass
@@ -118,15 +134,16 @@ class PackageRules:
     index_bounds: Dict[str, Dict[str, str]] = field(default_factory=dict)
     per_class: Dict[str, ClassRules] = field(default_factory=dict)
     bulk: Dict[str, BulkValues] = field(default_factory=dict)
+    caller_owns: Set[str] = field(default_factory=set)
 
     def for_class(self, name: str) -> ClassRules:
         return self.per_class.get(name, ClassRules())
 
 
 _TOP = {"classes", "value", "services", "extensible", "exclude", "operators", "read_write", "class", "java_names", "carried_by",
-        "array_results", "index_bounds", "bulk"}
+        "array_results", "index_bounds", "bulk", "caller_owns"}
 _CLASS = {"java_side", "exclude", "reserve", "assumed_bytes", "array_results", "nullable", "array_lengths",
-          "forward", "index_bounds", "holds", "applied"}
+          "forward", "index_bounds", "holds", "applied", "renews", "lent_until_renewed"}
 
 
 def load(path: str) -> PackageRules:
@@ -151,6 +168,7 @@ def load(path: str) -> PackageRules:
     r.array_results = dict(data.get("array_results", {}))
     r.index_bounds = {k: dict(v) for k, v in data.get("index_bounds", {}).items()}
     r.carried_by = dict(data.get("carried_by", {}))
+    r.caller_owns = set(data.get("caller_owns", []))
     for name, b in data.get("bulk", {}).items():
         if name not in r.classes:
             raise ValueError(f"{path}: bulk values for {name}, which is not in 'classes'")
@@ -178,7 +196,9 @@ def load(path: str) -> PackageRules:
             forward=[sig(x) for x in c.get("forward", [])],
             index_bounds={sig(k): dict(v) for k, v in c.get("index_bounds", {}).items()},
             holds={sig(k): str(v) for k, v in c.get("holds", {}).items()},
-            applied={sig(x) for x in c.get("applied", [])})
+            applied={sig(x) for x in c.get("applied", [])},
+            renews={sig(x) for x in c.get("renews", [])},
+            lent_until_renewed={sig(x) for x in c.get("lent_until_renewed", [])})
     for v in r.value | r.extensible | r.services:
         if v not in r.classes:
             raise ValueError(f"{path}: {v} is listed but not in 'classes'")

@@ -4,13 +4,19 @@ import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertInstanceOf;
 import static org.junit.jupiter.api.Assertions.assertNotNull;
+import static org.junit.jupiter.api.Assertions.assertNotSame;
 import static org.junit.jupiter.api.Assertions.assertNull;
 import static org.junit.jupiter.api.Assertions.assertSame;
 import static org.junit.jupiter.api.Assertions.assertThrows;
+import static org.junit.jupiter.api.Assertions.assertTrue;
 
 import com.orvexa.orvex.actions.SoGetBoundingBoxAction;
 import com.orvexa.orvex.actions.SoRayPickAction;
 import com.orvexa.orvex.actions.SoSearchAction;
+import com.orvexa.orvex.details.SoCubeDetail;
+import com.orvexa.orvex.engines.SoCalculator;
+import com.orvexa.orvex.engines.SoEngineOutput;
+import com.orvexa.orvex.details.SoDetail;
 import com.orvexa.orvex.fields.SoSFFloat;
 import com.orvexa.orvex.nodes.SoCube;
 import com.orvexa.orvex.nodes.SoMaterial;
@@ -46,6 +52,24 @@ class SceneGraphFromJavaTest {
       // The same field object, found by name.
       assertSame(ball.radius, ball.getField("radius"));
       assertNull(ball.getField("noSuchField"));
+    }
+
+    @Test
+    void engineOutputsAreJavaFieldsThatDriveConnectedFields() {
+      SoCalculator calc = new SoCalculator();
+      calc.a.setValue(2f);
+      calc.expression.setValue("oa = a * 3 + 1");
+      assertSame(calc.oa, calc.getOutput("oa"));
+      SoSphere ball = new SoSphere();
+      assertTrue(ball.radius.connectFrom(calc.oa));
+      assertEquals(7f, ball.radius.getValue(), 1e-6f);
+      calc.a.setValue(0.5f);
+      assertEquals(2.5f, ball.radius.getValue(), 1e-6f);
+      // The engine names its output.
+      SoEngineOutput output = calc.oa;
+      String[] name = new String[1];
+      assertTrue(calc.getOutputName(output, name));
+      assertEquals("oa", name[0]);
     }
 
     @Test
@@ -351,6 +375,64 @@ class SceneGraphFromJavaTest {
       assertArrayEquals(new float[] {0, 0, 2}, hit.getPoint().array, 1e-4f);
       pick.dispose();
       assertThrows(IllegalStateException.class, hit::getPoint);
+    }
+
+    @Test
+    void copiesOfAPickedPointAndItsDetailAreTheCallersOwnOfTheirMostSpecificClass() {
+      SoSeparator root = new SoSeparator();
+      SoCube cube = new SoCube();
+      root.addChild(cube);
+      SoRayPickAction pick = new SoRayPickAction(new SbViewportRegion((short) 64, (short) 64));
+      pick.setRay(new SbVec3f(0, 0, 10), new SbVec3f(0, 0, -1));
+      pick.apply(root);
+      SoPickedPoint hit = pick.getPickedPoint();
+      SoDetail lent = hit.getDetail();
+      assertInstanceOf(SoCubeDetail.class, lent);
+      SoDetail detailCopy = lent.copy();
+      SoPickedPoint pointCopy = hit.copy();
+      assertInstanceOf(SoCubeDetail.class, detailCopy);
+      assertNotSame(lent, detailCopy);
+      assertEquals(((SoCubeDetail) lent).getPart(), ((SoCubeDetail) detailCopy).getPart());
+      pick.dispose();
+      // Neither copy depends on the action: both outlive it, and dispose frees them.
+      assertArrayEquals(new float[] {0, 0, 1}, pointCopy.getPoint().array, 1e-4f);
+      assertSame(cube, pointCopy.getPath().getTail());
+      assertInstanceOf(SoCubeDetail.class, pointCopy.getDetail());
+      assertEquals(((SoCubeDetail) detailCopy).getPart(), ((SoCubeDetail) pointCopy.getDetail()).getPart());
+      detailCopy.dispose();
+      pointCopy.dispose();
+      assertThrows(IllegalStateException.class, pointCopy::getPoint);
+    }
+
+    @Test
+    void aPickedPointKeptAcrossTheNextApplyIsAJavaExceptionAndTheNewOneIsFresh() {
+      SoSphere ball = new SoSphere();
+      SoSeparator root = redBall(ball);
+      SoRayPickAction pick = new SoRayPickAction(new SbViewportRegion((short) 64, (short) 64));
+      pick.setPickAll(true);
+      pick.setRay(new SbVec3f(0, 0, 10), new SbVec3f(0, 0, -1));
+      pick.apply(root);
+      SoPickedPoint first = pick.getPickedPoint();
+      SoPickedPoint fromList = pick.getPickedPointList().get(1);   // the far side, z = -2
+      assertArrayEquals(new float[] {0, 0, -2}, fromList.getPoint().array, 1e-4f);
+      SoDetail detail = first.getDetail();
+      // The second traversal frees the first one's points before it makes its
+      // own, which may take the same addresses.
+      pick.setRay(new SbVec3f(0, 0, -10), new SbVec3f(0, 0, 1));
+      pick.apply(root);
+      assertThrows(IllegalStateException.class, first::getPoint);
+      assertThrows(IllegalStateException.class, fromList::getPoint);
+      assertThrows(IllegalStateException.class, first::getPath);
+      if (detail != null) assertThrows(IllegalStateException.class, detail::copy);
+      SoPickedPoint second = pick.getPickedPoint();
+      assertNotSame(first, second);
+      assertArrayEquals(new float[] {0, 0, -2}, second.getPoint().array, 1e-4f);
+      assertSame(second, pick.getPickedPoint(), "within one traversal a point keeps its wrapper");
+      assertSame(ball, second.getPath().getTail());
+      // A copy is the caller's own and outlives any number of applies.
+      SoPickedPoint kept = second.copy();
+      pick.apply(root);
+      assertArrayEquals(new float[] {0, 0, -2}, kept.getPoint().array, 1e-4f);
     }
 
     @Test

@@ -44,6 +44,14 @@ public final class NativeCalls {
   }
 
   /**
+   * Tells {@code receiver}'s handle that the coming call frees what it lent
+   * until renewal (see {@link NativeResourceHandle#renew}).
+   */
+  public static void renew(Orvex receiver) {
+    receiver.getNativeResourceHandle().renew();
+  }
+
+  /**
    * The addresses of the objects of {@code objects} (0 for null elements),
    * each marked in flight; on failure the objects marked so far are released.
    */

@@ -30,9 +30,21 @@ public final class NativeLists {
    * it is disposed. Null for null.
    */
   public static <T extends Orvex> List<T> lent(Class<T> cls, long[] addresses, Orvex lender) {
+    return lent(cls, addresses, lender, false);
+  }
+
+  /** As {@link #lent}, for objects that live inside the lender until its next renewal (its next apply). */
+  public static <T extends Orvex> List<T> lentUntilRenewed(Class<T> cls, long[] addresses, Orvex lender) {
+    return lent(cls, addresses, lender, true);
+  }
+
+  private static <T extends Orvex> List<T> lent(Class<T> cls, long[] addresses, Orvex lender, boolean untilRenewed) {
     if (addresses == null) return null;
     List<T> objects = new ArrayList<>(addresses.length);
-    for (long address : addresses) objects.add(ObjectManager.getLentObject(cls, address, lender));
+    for (long address : addresses) {
+      objects.add(untilRenewed ? ObjectManager.getLentObjectUntilRenewed(cls, address, lender)
+                               : ObjectManager.getLentObject(cls, address, lender));
+    }
     return Collections.unmodifiableList(objects);
   }
 }

@@ -4,6 +4,7 @@ import java.lang.ref.Cleaner;
 import java.util.HashMap;
 import java.util.Map;
 import java.util.concurrent.atomic.AtomicInteger;
+import java.util.concurrent.atomic.AtomicIntegerFieldUpdater;
 
 /**
  * The native handle of a wrapper: the address of its native object plus the
@@ -21,6 +22,14 @@ import java.util.concurrent.atomic.AtomicInteger;
  * frees the native object. A call that starts after the release request
  * fails with {@link IllegalStateException} instead of reaching freed memory.
  *
+ * <h2>Objects lent until the next renewal</h2>
+ * Some objects live inside their lender only until the lender's next call of
+ * a certain kind: an action frees the picked points of one traversal when
+ * the next one starts. Their handles ({@link #lentUntilRenewed}) remember the
+ * lender's renewal count when they were lent; the lender's {@link #renew()}
+ * (called before such a call) makes every one of them refuse further calls
+ * with {@link IllegalStateException}, instead of reaching freed memory.
+ *
  * <h2>Held objects</h2>
  * A native object that keeps using another after a call returns (a renderer
  * its render action) holds that object's handle ({@link #hold}): the held
@@ -33,6 +42,8 @@ import java.util.concurrent.atomic.AtomicInteger;
  */
 public abstract class NativeResourceHandle {
   private static final Cleaner CLEANER = Cleaner.create();
+  private static final AtomicIntegerFieldUpdater<NativeResourceHandle> RENEWALS =
+      AtomicIntegerFieldUpdater.newUpdater(NativeResourceHandle.class, "renewals");
 
   /** Sign bit of {@link #state}: release requested. The other bits count the calls in flight. */
   private static final int RELEASE_REQUESTED = Integer.MIN_VALUE;
@@ -40,6 +51,12 @@ public abstract class NativeResourceHandle {
   private final long address;
   /** The handle of the object that owns this one's native object (a node for its field), or null. */
   private final NativeResourceHandle lender;
+  /** How often this object, as a lender, has freed what it lent until renewal (see {@link #renew()}). */
+  private volatile int renewals;
+  /** Whether this handle is lent only until its lender's next renewal. */
+  private final boolean untilRenewed;
+  /** For a handle lent until renewal, the lender's renewal count when it was lent. */
+  private final int lentAtRenewal;
   private final AtomicInteger state = new AtomicInteger();
   /**
    * Whether calls in flight are counted: not for borrowed and lent handles,
@@ -51,12 +68,14 @@ public abstract class NativeResourceHandle {
   private Map<String, NativeResourceHandle> held;
 
   protected NativeResourceHandle(long address) {
-    this(address, null);
+    this(address, null, false);
   }
 
-  private NativeResourceHandle(long address, NativeResourceHandle lender) {
+  private NativeResourceHandle(long address, NativeResourceHandle lender, boolean untilRenewed) {
     this.address = address;
     this.lender = lender;
+    this.untilRenewed = untilRenewed;
+    this.lentAtRenewal = untilRenewed ? lender.renewals : 0;
   }
 
   /** The native address; 0 once a release has been requested. */
@@ -84,7 +103,14 @@ public abstract class NativeResourceHandle {
     if (address == 0L) throw new IllegalStateException("the wrapper has no native object");
     // An object lent by another lives inside it: the owner must be alive, and
     // stay so for the call.
-    if (lender != null) lender.acquire();
+    if (lender != null) {
+      lender.acquire();
+      if (untilRenewed && lender.renewals != lentAtRenewal) {
+        lender.endUse();
+        throw new IllegalStateException("the object was freed by its owner when it was used again "
+            + "(a picked point by the next apply of its action): ask the owner again");
+      }
+    }
     if (!counted) {
       // Releasing frees nothing here, so there is nothing to count: only a
       // released handle must refuse the call.
@@ -109,6 +135,26 @@ public abstract class NativeResourceHandle {
   public final void endUse() {
     if (counted && state.decrementAndGet() == RELEASE_REQUESTED) free();
     if (lender != null) lender.endUse();
+  }
+
+  /**
+   * Frees, as far as Java is concerned, every object this one lent until
+   * renewal: their handles refuse calls from now on. Called before the
+   * member that frees them natively.
+   */
+  public final void renew() {
+    RENEWALS.incrementAndGet(this);
+  }
+
+  /**
+   * True for a lent handle whose object is gone with its lender: the lender
+   * (or one of its own lenders) has been released, or renewed since this
+   * handle was lent until renewal. A wrapper with a stale handle must not
+   * stand for a new object that happens to have the same address.
+   */
+  public final boolean isStale() {
+    if (lender == null) return false;
+    return (untilRenewed && lender.renewals != lentAtRenewal) || lender.isReleased() || lender.isStale();
   }
 
   /**
@@ -182,7 +228,7 @@ public abstract class NativeResourceHandle {
 
   /** A handle for a native object that the toolkit owns: releasing it does nothing. */
   public static NativeResourceHandle borrowed(long address) {
-    return new Borrowed(address, null);
+    return new Borrowed(address, null, false);
   }
 
   /**
@@ -191,7 +237,16 @@ public abstract class NativeResourceHandle {
    * {@link IllegalStateException} once the lender has been released.
    */
   public static NativeResourceHandle lentBy(long address, NativeResourceHandle lender) {
-    return new Borrowed(address, lender);
+    return new Borrowed(address, lender, false);
+  }
+
+  /**
+   * As {@link #lentBy}, for an object that lives inside the lender's object
+   * only until the lender's next {@link #renew()}: afterwards calls on it fail
+   * with {@link IllegalStateException}.
+   */
+  public static NativeResourceHandle lentUntilRenewed(long address, NativeResourceHandle lender) {
+    return new Borrowed(address, lender, true);
   }
 
   /** Holds the handle, not the wrapper, so that the wrapper can become unreachable. */
@@ -209,8 +264,8 @@ public abstract class NativeResourceHandle {
   }
 
   private static final class Borrowed extends NativeResourceHandle {
-    Borrowed(long address, NativeResourceHandle lender) {
-      super(address, lender);
+    Borrowed(long address, NativeResourceHandle lender, boolean untilRenewed) {
+      super(address, lender, untilRenewed);
     }
 
     @Override

@@ -181,25 +181,43 @@ public final class ObjectManager {
   }
 
   /**
+   * As {@link #getLentObject(Class, long, Orvex)}, for an object that lives
+   * inside the lender only until the lender is renewed (a picked point until
+   * its action's next apply): a wrapper from before the renewal is not
+   * reused, even when the new object has the old one's address.
+   */
+  public static <T extends Orvex> T getLentObjectUntilRenewed(Class<T> javaClass, long address, Orvex lender) {
+    return getLentObject(javaClass, address, lender, false, true);
+  }
+
+  /**
    * As {@link #getLentObject(Class, long, Orvex)}; with {@code exact}, the
    * native object is known to be of exactly the toolkit class of
    * {@code javaClass} (a field member of its declared class), so its run-time
    * type is not asked for.
    */
   public static <T extends Orvex> T getLentObject(Class<T> javaClass, long address, Orvex lender, boolean exact) {
+    return getLentObject(javaClass, address, lender, exact, false);
+  }
+
+  private static <T extends Orvex> T getLentObject(Class<T> javaClass, long address, Orvex lender, boolean exact,
+                                                   boolean untilRenewed) {
     if (address == 0L) return null;
     T live = liveAs(javaClass, address);
-    if (live != null) return live;
+    if (live != null && !live.getNativeResourceHandle().isStale()) return live;
     synchronized (LOCK) {
       T existing = registeredAs(javaClass, address);
-      if (existing != null) return existing;
+      if (existing != null && !existing.getNativeResourceHandle().isStale()) return existing;
       Class<? extends T> target = javaClass;
       if (!exact) {
         Family family = familyOf(javaClass);
         String typeName = family == null ? null : family.typeNameOf.apply(address);
         target = mostSpecificClass(javaClass, typeName);
       }
-      return javaClass.cast(instantiate(target, NativeResourceHandle.lentBy(address, lender.getNativeResourceHandle())));
+      NativeResourceHandle lenderHandle = lender.getNativeResourceHandle();
+      return javaClass.cast(instantiate(target, untilRenewed
+          ? NativeResourceHandle.lentUntilRenewed(address, lenderHandle)
+          : NativeResourceHandle.lentBy(address, lenderHandle)));
     }
   }
 
@@ -224,6 +242,20 @@ public final class ObjectManager {
   /** Called by native code with a dotted or slash-separated class name. */
   public static Orvex getManagedObjectForInternal(String className, long address) {
     return getManagedObjectForInternal(loadClass(className), address);
+  }
+
+  /**
+   * A wrapper of the most specific class for a native object that Java now
+   * owns through {@code handle} (a copy the toolkit made for the caller): it
+   * is freed with the wrapper. A wrapper still registered at that address
+   * stood for an object that is gone, since the address is new to Java.
+   */
+  public static <T extends Orvex> T adopt(Class<T> javaClass, NativeResourceHandle handle) {
+    Family family = familyOf(javaClass);
+    String typeName = family == null ? null : family.typeNameOf.apply(handle.getAddress());
+    synchronized (LOCK) {
+      return javaClass.cast(instantiate(mostSpecificClass(javaClass, typeName), handle));
+    }
   }
 
   /** Called by native code: the wrapper of the native object at {@code address}; null for 0. */
