@@ -462,9 +462,19 @@ class ToolkitHeaders(unittest.TestCase):
 
     def test_child_indices_are_checked_against_the_number_of_children(self):
         emitted = emit_java.emit(self.plans["SoGroup"], None, list(self.plans.values()))
-        self.assertIn("if (index < 0 || index >= getNumChildren()) throw new IndexOutOfBoundsException(", emitted)
-        self.assertIn("if (newChildIndex < 0 || newChildIndex > getNumChildren()) throw new IndexOutOfBoundsException(",
+        # The bound comes from the count's entry point, inside the receiver's
+        # bracket (after its begin, so on the address marked in flight).
+        get_child = emitted[emitted.index("public SoNode getChild(int index)"):]
+        get_child = get_child[:get_child.index("\n  }\n")]
+        self.assertLess(get_child.index("NativeCalls.begin(this"), get_child.index("getNumChildrenImpl(self)"))
+        self.assertIn("final int indexBound = getNumChildrenImpl(self);", get_child)
+        self.assertIn("if (index < 0 || index >= indexBound) throw new IndexOutOfBoundsException(", get_child)
+        self.assertLess(get_child.index("IndexOutOfBoundsException"), get_child.index("getChildImpl(self, index)"))
+        self.assertIn("if (newChildIndex < 0 || newChildIndex > newChildIndexBound) throw new IndexOutOfBoundsException(",
                       emitted)
+        # A bound that is no query of the receiver stays a Java expression.
+        face = emit_java.emit(self.plans["SoFaceDetail"], None, list(self.plans.values()))
+        self.assertIn("if (num < 0 || num > 1 << 20) throw new IndexOutOfBoundsException(", face)
 
     def test_default_arguments_become_overloads_that_pass_them(self):
         emitted = emit_java.emit(self.plans["SoRayPickAction"], None, list(self.plans.values()))
@@ -590,9 +600,13 @@ class ServicesAndLists(unittest.TestCase):
                          ("olist", "long[]", "java.util.List<com.orvexa.orvex.SoPath>"))
         self.assertIn("return com.orvexa.internal.NativeLists.managed(com.orvexa.orvex.SoPath.class, "
                       "getPathsImpl(self));", self.java("SoSearchAction"))
-        # Picked points live in the action: lent by it. SoPickedPointList is no SbPList.
-        self.assertIn("NativeLists.lent(com.orvexa.orvex.SoPickedPoint.class, getPickedPointListImpl(self), this)",
-                      self.java("SoRayPickAction"))
+        # Picked points live in the action until its next apply: lent by it.
+        # SoPickedPointList is no SbPList.
+        self.assertIn("NativeLists.lentUntilRenewed(com.orvexa.orvex.SoPickedPoint.class, getPickedPointListImpl(self), "
+                      "this)", self.java("SoRayPickAction"))
+        self.assertIn("com.orvexa.internal.NativeCalls.renew(this);", self.java("SoAction"))
+        # A copy is the caller's.
+        self.assertIn("return SoPickedPoint.adopt(copyImpl(self));", self.java("SoPickedPoint"))
         cpp = self.cpp("SoRayPickAction")
         self.assertIn("const SoPickedPointList& listValue = self->getPickedPointList();", cpp)
         self.assertIn("addresses[i] = reinterpret_cast<long long>(list->get(static_cast<int>(i)));", cpp)
