@@ -764,7 +764,9 @@ class IntBuffer(OneElementOut):
     memory as a direct byte buffer of count x 4 bytes, handed back in element
     0 of a one-element array (null when the toolkit gives no indices). The
     count is no Java argument: it is the buffer's capacity. The Java method
-    sets the buffer to the platform's byte order, the order of the ints."""
+    hands its caller a copy in a buffer of its own, in the platform's byte
+    order (the order of the ints): the toolkit's memory changes with the
+    traversal and goes with the action, while the copy stays readable."""
     kind = "int_buffer"
     java_type = "Object[]"
     public_type = "java.nio.ByteBuffer[]"
@@ -775,7 +777,7 @@ class IntBuffer(OneElementOut):
         self.count_first = count_first
 
     def java_after(self, p, ctx):
-        return [f"if ({p}[0] != null) {p}[0] = {p}[0].order(java.nio.ByteOrder.nativeOrder());"]
+        return [f"if ({p}[0] != null) {p}[0] = com.orvexa.internal.NativeCalls.copyOfInts({p}[0]);"]
 
     def cpp_pre(self, p):
         return [f"int {self.count}Tmp = 0;", f"const int* {p}Tmp = nullptr;"]

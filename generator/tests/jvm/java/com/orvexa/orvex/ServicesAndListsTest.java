@@ -41,6 +41,7 @@ import com.orvexa.orvex.nodes.SoShape;
 import com.orvexa.orvex.nodes.SoSphere;
 import com.orvexa.orvex.nodes.SoTranslation;
 import com.orvexa.orvex.nodes.SoUnknownNode;
+import com.orvexa.orvex.SoPath;
 import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
@@ -459,6 +460,39 @@ class ServicesAndListsTest {
       assertEquals(com.orvexa.orvex.actions.SoAction.PathCode.NO_PATH, search.getPathCode(indices));
       assertNull(indices[0]);
       assertThrows(IllegalArgumentException.class, () -> search.getPathCode(new java.nio.ByteBuffer[0]));
+    }
+
+    @Test
+    void inATraversalOfAPathThePathCodeGivesTheIndicesOnThePathAndTheyOutliveTheAction() {
+      SoSeparator root = new SoSeparator();
+      SoSeparator inner = new SoSeparator();
+      SoSphere ball = new SoSphere();
+      root.addChild(new SoCube());
+      root.addChild(inner);
+      inner.addChild(new SoCube());
+      inner.addChild(new SoCube());
+      inner.addChild(ball);
+      SoPath path = new SoPath(root);
+      path.append(inner);
+      path.append(ball);
+      com.orvexa.orvex.actions.SoCallbackAction action = new com.orvexa.orvex.actions.SoCallbackAction();
+      java.util.Map<SoNode, java.nio.ByteBuffer> seen = new java.util.IdentityHashMap<>();
+      java.util.Map<SoNode, com.orvexa.orvex.actions.SoAction.PathCode> codes = new java.util.IdentityHashMap<>();
+      action.addPreCallback(SoSeparator.class, new com.orvexa.orvex.misc.callbacks.SoCallbackActionCB((a, node, data) -> {
+        java.nio.ByteBuffer[] indices = new java.nio.ByteBuffer[1];
+        codes.put(node, a.getPathCode(indices));
+        seen.put(node, indices[0]);
+        return com.orvexa.orvex.actions.SoCallbackAction.Response.CONTINUE;
+      }), null);
+      action.apply(path);
+      action.dispose();
+      assertEquals(com.orvexa.orvex.actions.SoAction.PathCode.IN_PATH, codes.get(root));
+      assertEquals(com.orvexa.orvex.actions.SoAction.PathCode.IN_PATH, codes.get(inner));
+      // Each group's indices name its child on the path; read after the
+      // action is gone, from the caller's own copy.
+      assertEquals(4, seen.get(root).capacity());
+      assertEquals(1, seen.get(root).getInt(0));
+      assertEquals(2, seen.get(inner).getInt(0));
     }
 
     @Test

@@ -44,6 +44,17 @@ public final class NativeCalls {
   }
 
   /**
+   * A direct buffer of Java's own holding the bytes of {@code toolkitMemory}
+   * (a buffer over memory the toolkit may change or free later), in the
+   * platform's byte order, the order of the ints it holds.
+   */
+  public static java.nio.ByteBuffer copyOfInts(java.nio.ByteBuffer toolkitMemory) {
+    java.nio.ByteBuffer copy = java.nio.ByteBuffer.allocateDirect(toolkitMemory.capacity());
+    copy.put(toolkitMemory.duplicate().clear()).flip();
+    return copy.order(java.nio.ByteOrder.nativeOrder());
+  }
+
+  /**
    * Tells {@code receiver}'s handle that the coming call frees what it lent
    * until renewal (see {@link NativeResourceHandle#renew}).
    */

@@ -5,6 +5,7 @@ import com.orvexa.orvex.misc.callbacks.SoCallbackActionCB;
 import com.orvexa.orvex.misc.callbacks.SoLineSegmentCB;
 import com.orvexa.orvex.misc.callbacks.SoPointCB;
 import com.orvexa.orvex.misc.callbacks.SoTriangleCB;
+import com.orvexa.orvex.nodes.SoNode;
 
   /** The callbacks this action holds; made at the first registration, released with this wrapper. */
   private NativeCallbackHoldings callbackHoldings;
@@ -111,6 +112,59 @@ import com.orvexa.orvex.misc.callbacks.SoTriangleCB;
     } finally {
       NativeCalls.end(this);
     }
+  }
+
+  // The same registrations with the node type given as its Java class
+  // (`SoShape.class`), which names its toolkit type.
+
+  /** As {@link #addPreCallback(String, SoCallbackActionCB, Object)}, for the node type of {@code type}. */
+  public void addPreCallback(Class<? extends SoNode> type, SoCallbackActionCB callback, Object userData) {
+    addPreCallback(com.orvexa.internal.TypeNames.of(type, "type"), callback, userData);
+  }
+
+  /** As {@link #addPostCallback(String, SoCallbackActionCB, Object)}, for the node type of {@code type}. */
+  public void addPostCallback(Class<? extends SoNode> type, SoCallbackActionCB callback, Object userData) {
+    addPostCallback(com.orvexa.internal.TypeNames.of(type, "type"), callback, userData);
+  }
+
+  /** As {@link #addTriangleCallback(String, SoTriangleCB, Object)}, for the node type of {@code type}. */
+  public void addTriangleCallback(Class<? extends SoNode> type, SoTriangleCB callback, Object userData) {
+    addTriangleCallback(com.orvexa.internal.TypeNames.of(type, "type"), callback, userData);
+  }
+
+  /** As {@link #addLineSegmentCallback(String, SoLineSegmentCB, Object)}, for the node type of {@code type}. */
+  public void addLineSegmentCallback(Class<? extends SoNode> type, SoLineSegmentCB callback, Object userData) {
+    addLineSegmentCallback(com.orvexa.internal.TypeNames.of(type, "type"), callback, userData);
+  }
+
+  /** As {@link #addPointCallback(String, SoPointCB, Object)}, for the node type of {@code type}. */
+  public void addPointCallback(Class<? extends SoNode> type, SoPointCB callback, Object userData) {
+    addPointCallback(com.orvexa.internal.TypeNames.of(type, "type"), callback, userData);
+  }
+
+  /** As {@link #removePreCallback(String, SoCallbackActionCB)}, for the node type of {@code type}. */
+  public void removePreCallback(Class<? extends SoNode> type, SoCallbackActionCB callback) {
+    removePreCallback(com.orvexa.internal.TypeNames.of(type, "type"), callback);
+  }
+
+  /** As {@link #removePostCallback(String, SoCallbackActionCB)}, for the node type of {@code type}. */
+  public void removePostCallback(Class<? extends SoNode> type, SoCallbackActionCB callback) {
+    removePostCallback(com.orvexa.internal.TypeNames.of(type, "type"), callback);
+  }
+
+  /** As {@link #removeTriangleCallback(String, SoTriangleCB)}, for the node type of {@code type}. */
+  public void removeTriangleCallback(Class<? extends SoNode> type, SoTriangleCB callback) {
+    removeTriangleCallback(com.orvexa.internal.TypeNames.of(type, "type"), callback);
+  }
+
+  /** As {@link #removeLineSegmentCallback(String, SoLineSegmentCB)}, for the node type of {@code type}. */
+  public void removeLineSegmentCallback(Class<? extends SoNode> type, SoLineSegmentCB callback) {
+    removeLineSegmentCallback(com.orvexa.internal.TypeNames.of(type, "type"), callback);
+  }
+
+  /** As {@link #removePointCallback(String, SoPointCB)}, for the node type of {@code type}. */
+  public void removePointCallback(Class<? extends SoNode> type, SoPointCB callback) {
+    removePointCallback(com.orvexa.internal.TypeNames.of(type, "type"), callback);
   }
 
   /** Removes one registration of {@code callback} for {@code type}; nothing when there is none. */

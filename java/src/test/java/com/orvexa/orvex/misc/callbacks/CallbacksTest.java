@@ -249,7 +249,11 @@ class CallbacksTest {
             () -> action.addTriangleCallback("NoSuchShapeAnywhere", cb, null));
         assertTrue(e.getMessage().contains("type"), e.getMessage());
         assertEquals(references, NCallback.heldReferences(), "the failed registration holds nothing");
-        assertThrows(NullPointerException.class, () -> action.addTriangleCallback(null, cb, null));
+        assertThrows(NullPointerException.class, () -> action.addTriangleCallback((String) null, cb, null));
+        NullPointerException noClass = assertThrows(NullPointerException.class,
+            () -> action.addTriangleCallback((Class<SoNode>) null, cb, null));
+        assertTrue(noClass.getMessage().contains("type"), noClass.getMessage());
+        assertEquals(references, NCallback.heldReferences(), "the failed registrations hold nothing");
         assertThrows(NullPointerException.class, () -> action.addTriangleCallback("Cube", null, null));
         assertThrows(NullPointerException.class, () -> action.removeTriangleCallback("Cube", null));
         assertThrows(NullPointerException.class, () -> new SoTriangleCB(null));
