@@ -38,6 +38,20 @@
 #include <Orvex/fields/SoSFBox3s.h>
 
 #include "FieldSource.h"
+#include "VectorFieldSource.h"
+
+// A single-value field of boxes, also set and read as its two corners.
+#define SO_SFBOX_SOURCE(className, typeName, boxType, cornerType)        \
+  SO_SFIELD_SOURCE(className, typeName, boxType, const boxType&)         \
+  void className::setValue(const cornerType& min, const cornerType& max) { \
+    boxType box;                                                         \
+    box.setBounds(min, max);                                             \
+    setValue(box);                                                       \
+  }                                                                      \
+  void className::getValue(cornerType& min, cornerType& max) const {     \
+    min = value.getMin();                                                \
+    max = value.getMax();                                                \
+  }
 
 SO_SFIELD_SOURCE(SoSFBool, "SFBool", bool, bool)
 
@@ -97,200 +111,40 @@ void SoSFColorRGBA::setHSVAValue(float h, float s, float v, float a) {
 }
 void SoSFColorRGBA::setHSVAValue(const float hsv[4]) { setHSVAValue(hsv[0], hsv[1], hsv[2], hsv[3]); }
 
-SO_SFIELD_SOURCE(SoSFVec2f, "SFVec2f", SbVec2f, const SbVec2f&)
-void SoSFVec2f::setValue(float x, float y) {
-  SbVec2f tmp; tmp[0] = x; tmp[1] = y;
-  setValue(tmp);
-}
-void SoSFVec2f::setValue(const float v[2]) {
-  SbVec2f tmp; tmp[0] = v[0]; tmp[1] = v[1];
-  setValue(tmp);
-}
+SO_SFVEC_SOURCE(SoSFVec2f, "SFVec2f", SbVec2f, float, 2)
 
-SO_SFIELD_SOURCE(SoSFVec3f, "SFVec3f", SbVec3f, const SbVec3f&)
-void SoSFVec3f::setValue(float x, float y, float z) {
-  SbVec3f tmp; tmp[0] = x; tmp[1] = y; tmp[2] = z;
-  setValue(tmp);
-}
-void SoSFVec3f::setValue(const float v[3]) {
-  SbVec3f tmp; tmp[0] = v[0]; tmp[1] = v[1]; tmp[2] = v[2];
-  setValue(tmp);
-}
+SO_SFVEC_SOURCE(SoSFVec3f, "SFVec3f", SbVec3f, float, 3)
 
-SO_SFIELD_SOURCE(SoSFVec4f, "SFVec4f", SbVec4f, const SbVec4f&)
-void SoSFVec4f::setValue(float x, float y, float z, float w) {
-  SbVec4f tmp; tmp[0] = x; tmp[1] = y; tmp[2] = z; tmp[3] = w;
-  setValue(tmp);
-}
-void SoSFVec4f::setValue(const float v[4]) {
-  SbVec4f tmp; tmp[0] = v[0]; tmp[1] = v[1]; tmp[2] = v[2]; tmp[3] = v[3];
-  setValue(tmp);
-}
+SO_SFVEC_SOURCE(SoSFVec4f, "SFVec4f", SbVec4f, float, 4)
 
-SO_SFIELD_SOURCE(SoSFVec2d, "SFVec2d", SbVec2d, const SbVec2d&)
-void SoSFVec2d::setValue(double x, double y) {
-  SbVec2d tmp; tmp[0] = x; tmp[1] = y;
-  setValue(tmp);
-}
-void SoSFVec2d::setValue(const double v[2]) {
-  SbVec2d tmp; tmp[0] = v[0]; tmp[1] = v[1];
-  setValue(tmp);
-}
+SO_SFVEC_SOURCE(SoSFVec2d, "SFVec2d", SbVec2d, double, 2)
 
-SO_SFIELD_SOURCE(SoSFVec3d, "SFVec3d", SbVec3d, const SbVec3d&)
-void SoSFVec3d::setValue(double x, double y, double z) {
-  SbVec3d tmp; tmp[0] = x; tmp[1] = y; tmp[2] = z;
-  setValue(tmp);
-}
-void SoSFVec3d::setValue(const double v[3]) {
-  SbVec3d tmp; tmp[0] = v[0]; tmp[1] = v[1]; tmp[2] = v[2];
-  setValue(tmp);
-}
+SO_SFVEC_SOURCE(SoSFVec3d, "SFVec3d", SbVec3d, double, 3)
 
-SO_SFIELD_SOURCE(SoSFVec4d, "SFVec4d", SbVec4d, const SbVec4d&)
-void SoSFVec4d::setValue(double x, double y, double z, double w) {
-  SbVec4d tmp; tmp[0] = x; tmp[1] = y; tmp[2] = z; tmp[3] = w;
-  setValue(tmp);
-}
-void SoSFVec4d::setValue(const double v[4]) {
-  SbVec4d tmp; tmp[0] = v[0]; tmp[1] = v[1]; tmp[2] = v[2]; tmp[3] = v[3];
-  setValue(tmp);
-}
+SO_SFVEC_SOURCE(SoSFVec4d, "SFVec4d", SbVec4d, double, 4)
 
-SO_SFIELD_SOURCE(SoSFVec2i32, "SFVec2i32", SbVec2i32, const SbVec2i32&)
-void SoSFVec2i32::setValue(int32_t x, int32_t y) {
-  SbVec2i32 tmp; tmp[0] = x; tmp[1] = y;
-  setValue(tmp);
-}
-void SoSFVec2i32::setValue(const int32_t v[2]) {
-  SbVec2i32 tmp; tmp[0] = v[0]; tmp[1] = v[1];
-  setValue(tmp);
-}
+SO_SFVEC_SOURCE(SoSFVec2i32, "SFVec2i32", SbVec2i32, int32_t, 2)
 
-SO_SFIELD_SOURCE(SoSFVec3i32, "SFVec3i32", SbVec3i32, const SbVec3i32&)
-void SoSFVec3i32::setValue(int32_t x, int32_t y, int32_t z) {
-  SbVec3i32 tmp; tmp[0] = x; tmp[1] = y; tmp[2] = z;
-  setValue(tmp);
-}
-void SoSFVec3i32::setValue(const int32_t v[3]) {
-  SbVec3i32 tmp; tmp[0] = v[0]; tmp[1] = v[1]; tmp[2] = v[2];
-  setValue(tmp);
-}
+SO_SFVEC_SOURCE(SoSFVec3i32, "SFVec3i32", SbVec3i32, int32_t, 3)
 
-SO_SFIELD_SOURCE(SoSFVec4i32, "SFVec4i32", SbVec4i32, const SbVec4i32&)
-void SoSFVec4i32::setValue(int32_t x, int32_t y, int32_t z, int32_t w) {
-  SbVec4i32 tmp; tmp[0] = x; tmp[1] = y; tmp[2] = z; tmp[3] = w;
-  setValue(tmp);
-}
-void SoSFVec4i32::setValue(const int32_t v[4]) {
-  SbVec4i32 tmp; tmp[0] = v[0]; tmp[1] = v[1]; tmp[2] = v[2]; tmp[3] = v[3];
-  setValue(tmp);
-}
+SO_SFVEC_SOURCE(SoSFVec4i32, "SFVec4i32", SbVec4i32, int32_t, 4)
 
-SO_SFIELD_SOURCE(SoSFVec2s, "SFVec2s", SbVec2s, const SbVec2s&)
-void SoSFVec2s::setValue(short x, short y) {
-  SbVec2s tmp; tmp[0] = x; tmp[1] = y;
-  setValue(tmp);
-}
-void SoSFVec2s::setValue(const short v[2]) {
-  SbVec2s tmp; tmp[0] = v[0]; tmp[1] = v[1];
-  setValue(tmp);
-}
+SO_SFVEC_SOURCE(SoSFVec2s, "SFVec2s", SbVec2s, short, 2)
 
-SO_SFIELD_SOURCE(SoSFVec3s, "SFVec3s", SbVec3s, const SbVec3s&)
-void SoSFVec3s::setValue(short x, short y, short z) {
-  SbVec3s tmp; tmp[0] = x; tmp[1] = y; tmp[2] = z;
-  setValue(tmp);
-}
-void SoSFVec3s::setValue(const short v[3]) {
-  SbVec3s tmp; tmp[0] = v[0]; tmp[1] = v[1]; tmp[2] = v[2];
-  setValue(tmp);
-}
+SO_SFVEC_SOURCE(SoSFVec3s, "SFVec3s", SbVec3s, short, 3)
 
-SO_SFIELD_SOURCE(SoSFBox2f, "SFBox2f", SbBox2f, const SbBox2f&)
-void SoSFBox2f::setValue(const SbVec2f& min, const SbVec2f& max) {
-  SbBox2f b;
-  b.setBounds(min, max);
-  setValue(b);
-}
-void SoSFBox2f::getValue(SbVec2f& min, SbVec2f& max) const {
-  min = value.getMin();
-  max = value.getMax();
-}
+SO_SFBOX_SOURCE(SoSFBox2f, "SFBox2f", SbBox2f, SbVec2f)
 
-SO_SFIELD_SOURCE(SoSFBox2d, "SFBox2d", SbBox2d, const SbBox2d&)
-void SoSFBox2d::setValue(const SbVec2d& min, const SbVec2d& max) {
-  SbBox2d b;
-  b.setBounds(min, max);
-  setValue(b);
-}
-void SoSFBox2d::getValue(SbVec2d& min, SbVec2d& max) const {
-  min = value.getMin();
-  max = value.getMax();
-}
+SO_SFBOX_SOURCE(SoSFBox2d, "SFBox2d", SbBox2d, SbVec2d)
 
-SO_SFIELD_SOURCE(SoSFBox2i32, "SFBox2i32", SbBox2i32, const SbBox2i32&)
-void SoSFBox2i32::setValue(const SbVec2i32& min, const SbVec2i32& max) {
-  SbBox2i32 b;
-  b.setBounds(min, max);
-  setValue(b);
-}
-void SoSFBox2i32::getValue(SbVec2i32& min, SbVec2i32& max) const {
-  min = value.getMin();
-  max = value.getMax();
-}
+SO_SFBOX_SOURCE(SoSFBox2i32, "SFBox2i32", SbBox2i32, SbVec2i32)
 
-SO_SFIELD_SOURCE(SoSFBox2s, "SFBox2s", SbBox2s, const SbBox2s&)
-void SoSFBox2s::setValue(const SbVec2s& min, const SbVec2s& max) {
-  SbBox2s b;
-  b.setBounds(min, max);
-  setValue(b);
-}
-void SoSFBox2s::getValue(SbVec2s& min, SbVec2s& max) const {
-  min = value.getMin();
-  max = value.getMax();
-}
+SO_SFBOX_SOURCE(SoSFBox2s, "SFBox2s", SbBox2s, SbVec2s)
 
-SO_SFIELD_SOURCE(SoSFBox3f, "SFBox3f", SbBox3f, const SbBox3f&)
-void SoSFBox3f::setValue(const SbVec3f& min, const SbVec3f& max) {
-  SbBox3f b;
-  b.setBounds(min, max);
-  setValue(b);
-}
-void SoSFBox3f::getValue(SbVec3f& min, SbVec3f& max) const {
-  min = value.getMin();
-  max = value.getMax();
-}
+SO_SFBOX_SOURCE(SoSFBox3f, "SFBox3f", SbBox3f, SbVec3f)
 
-SO_SFIELD_SOURCE(SoSFBox3d, "SFBox3d", SbBox3d, const SbBox3d&)
-void SoSFBox3d::setValue(const SbVec3d& min, const SbVec3d& max) {
-  SbBox3d b;
-  b.setBounds(min, max);
-  setValue(b);
-}
-void SoSFBox3d::getValue(SbVec3d& min, SbVec3d& max) const {
-  min = value.getMin();
-  max = value.getMax();
-}
+SO_SFBOX_SOURCE(SoSFBox3d, "SFBox3d", SbBox3d, SbVec3d)
 
-SO_SFIELD_SOURCE(SoSFBox3i32, "SFBox3i32", SbBox3i32, const SbBox3i32&)
-void SoSFBox3i32::setValue(const SbVec3i32& min, const SbVec3i32& max) {
-  SbBox3i32 b;
-  b.setBounds(min, max);
-  setValue(b);
-}
-void SoSFBox3i32::getValue(SbVec3i32& min, SbVec3i32& max) const {
-  min = value.getMin();
-  max = value.getMax();
-}
+SO_SFBOX_SOURCE(SoSFBox3i32, "SFBox3i32", SbBox3i32, SbVec3i32)
 
-SO_SFIELD_SOURCE(SoSFBox3s, "SFBox3s", SbBox3s, const SbBox3s&)
-void SoSFBox3s::setValue(const SbVec3s& min, const SbVec3s& max) {
-  SbBox3s b;
-  b.setBounds(min, max);
-  setValue(b);
-}
-void SoSFBox3s::getValue(SbVec3s& min, SbVec3s& max) const {
-  min = value.getMin();
-  max = value.getMax();
-}
+SO_SFBOX_SOURCE(SoSFBox3s, "SFBox3s", SbBox3s, SbVec3s)
