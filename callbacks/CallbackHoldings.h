@@ -14,6 +14,7 @@
 
 #include <Orvex/misc/SoAuditorList.h>
 
+#include "CallbackObject.h"
 #include "JCallback.h"
 
 class SoBase;
@@ -55,6 +56,27 @@ class CallbackHoldings {
   std::mutex m_mutex;
   std::vector<Entry> m_entries;
 };
+
+// Makes the Java callback `javaCB` (null: none) the one function that a
+// holder keeps in `slot` (an SoCallback node's function, a render action's
+// pass callback), stored on the callback with `userData`; `install(function,
+// data)` hands the trampoline and the native object to the toolkit (both
+// null for none). The function held before is let go only once the holder
+// has switched, so the same callback set again keeps its reference.
+template <typename Callback, typename Install>
+void setOnlyCallback(JNIEnv* env, CallbackHoldings& holdings, uint64_t slot, jobject javaCB, jobject userData,
+                     Install install) {
+  if (javaCB == nullptr) {
+    install(nullptr, nullptr);
+    holdings.removeSlot(slot);
+    return;
+  }
+  auto* callback = nativeCallbackOf<Callback>(env, javaCB);
+  holdings.add(env, javaCB, callback, slot);
+  storeUserData(env, javaCB, userData);
+  install(&Callback::RealCallback, callback);
+  holdings.removeSlotExceptLast(slot);
+}
 
 // The holdings of a node (or any reference-counted toolkit object): they
 // watch the object as an auditor and give everything back when it is about

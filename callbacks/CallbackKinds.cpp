@@ -262,3 +262,35 @@ SoPath* SoSelectionPickCallback::invoke(const SoPickedPoint* pick) const {
   if (JNIEnvHelper::settleUpcall(env)) return nullptr;
   return reinterpret_cast<SoPath*>(handle);
 }
+
+// ---- SoGLRenderPassCB, SoGLRenderAbortCB ------------------------------------------
+
+void SoGLRenderPassCallback::RealCallback(void* data) {
+  PRINTDBG("DEBUG: NTV MTHD->SoGLRenderPassCallback::RealCallback\n");
+  self<SoGLRenderPassCallback>(data)->invoke();
+}
+
+void SoGLRenderPassCallback::invoke() const {
+  PRINTDBG("DEBUG: NTV MTHD->SoGLRenderPassCallback::invoke\n");
+  CallbackUpcall upcall(this, "invoke", "()V");
+  if (!upcall.ready()) return;
+  upcall.call([](JNIEnv* e, jobject target, jmethodID method) { e->CallVoidMethod(target, method); });
+}
+
+SoGLRenderAction::AbortCode SoGLRenderAbortCallback::RealCallback(void* data) {
+  PRINTDBG("DEBUG: NTV MTHD->SoGLRenderAbortCallback::RealCallback\n");
+  return self<SoGLRenderAbortCallback>(data)->invoke();
+}
+
+// A render whose abort callback failed for a Java caller stops, so that the
+// exception reaches that caller without further nodes being drawn; one that
+// cannot ask Java otherwise goes on.
+SoGLRenderAction::AbortCode SoGLRenderAbortCallback::invoke() const {
+  PRINTDBG("DEBUG: NTV MTHD->SoGLRenderAbortCallback::invoke\n");
+  CallbackUpcall upcall(this, "invoke", "()I");
+  if (!upcall.ready()) return upcall.exceptionLeftForJava() ? SoGLRenderAction::ABORT : SoGLRenderAction::CONTINUE;
+  jint code = SoGLRenderAction::CONTINUE;
+  const bool ok = upcall.call([&](JNIEnv* e, jobject target, jmethodID method) { code = e->CallIntMethod(target, method); });
+  if (!ok) return upcall.exceptionLeftForJava() ? SoGLRenderAction::ABORT : SoGLRenderAction::CONTINUE;
+  return static_cast<SoGLRenderAction::AbortCode>(code);
+}

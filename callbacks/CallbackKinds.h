@@ -6,6 +6,7 @@
 // wrapped as Java objects and hands the result back to the toolkit.
 
 #include <Orvex/actions/SoCallbackAction.h>
+#include <Orvex/actions/SoGLRenderAction.h>
 
 #include "JCallback.h"
 
@@ -88,4 +89,18 @@ class ORVEXJAVA_API SoSelectionPickCallback : public JCallback {
   using JCallback::JCallback;
   static SoPath* RealCallback(void* data, const SoPickedPoint* pick);
   SoPath* invoke(const SoPickedPoint* pick) const;
+};
+
+class ORVEXJAVA_API SoGLRenderPassCallback : public JCallback {
+ public:
+  using JCallback::JCallback;
+  static void RealCallback(void* data);
+  void invoke() const;
+};
+
+class ORVEXJAVA_API SoGLRenderAbortCallback : public JCallback {
+ public:
+  using JCallback::JCallback;
+  static SoGLRenderAction::AbortCode RealCallback(void* data);
+  SoGLRenderAction::AbortCode invoke() const;
 };

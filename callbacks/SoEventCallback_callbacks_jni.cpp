@@ -90,19 +90,9 @@ JNIEXPORT void JNICALL Java_com_orvexa_orvex_nodes_SoCallback_setCallbackImpl(JN
                                                                              jobject cb, jobject userData) {
   auto* node = reinterpret_cast<SoCallback*>(self);
   std::call_once(g_copyHookInstalled, [] { SoCallback::setCopyHook(&holdForCopy); });
-  BaseCallbackHoldings& holdings = BaseCallbackHoldings::of(node);
-  const uint64_t slot = CallbackHoldings::slot(kCallbackFunction);
-  if (cb == nullptr) {
-    node->setCallback(nullptr, nullptr);
-    holdings.removeSlot(slot);
-    return;
-  }
-  auto* callback = orvexjava::nativeCallbackOf<SoCallbackCallback>(env, cb);
-  // The new hold first: the same callback set again keeps its reference.
-  holdings.add(env, cb, callback, slot);
-  orvexjava::storeUserData(env, cb, userData);
-  node->setCallback(&SoCallbackCallback::RealCallback, callback);
-  holdings.removeSlotExceptLast(slot);
+  orvexjava::setOnlyCallback<SoCallbackCallback>(
+      env, BaseCallbackHoldings::of(node), CallbackHoldings::slot(kCallbackFunction), cb, userData,
+      [node](SoCallbackCB* function, void* data) { node->setCallback(function, data); });
 }
 
 }  // extern "C"

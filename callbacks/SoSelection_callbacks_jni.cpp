@@ -66,16 +66,9 @@ SELECTION_PAIR(ChangeCallback, SoSelectionClassCallback, kChange)
 SELECTION_ENTRY(void, setPickFilterCallbackImpl)(JNIEnv* env, jclass, jlong self, jobject cb, jobject userData,
                                                  jboolean callOnlyIfSelectable) {
   SoSelection* selection = selectionAt(self);
-  BaseCallbackHoldings& holdings = BaseCallbackHoldings::of(selection);
-  const uint64_t slot = CallbackHoldings::slot(kPickFilter);
-  if (cb == nullptr) {
-    selection->setPickFilterCallback(nullptr, nullptr, callOnlyIfSelectable == JNI_TRUE);
-    holdings.removeSlot(slot);
-    return;
-  }
-  auto* callback = orvexjava::nativeCallbackOf<SoSelectionPickCallback>(env, cb);
-  holdings.add(env, cb, callback, slot);
-  orvexjava::storeUserData(env, cb, userData);
-  selection->setPickFilterCallback(&SoSelectionPickCallback::RealCallback, callback, callOnlyIfSelectable == JNI_TRUE);
-  holdings.removeSlotExceptLast(slot);
+  orvexjava::setOnlyCallback<SoSelectionPickCallback>(
+      env, BaseCallbackHoldings::of(selection), CallbackHoldings::slot(kPickFilter), cb, userData,
+      [&](SoSelectionPickCB* function, void* data) {
+        selection->setPickFilterCallback(function, data, callOnlyIfSelectable == JNI_TRUE);
+      });
 }

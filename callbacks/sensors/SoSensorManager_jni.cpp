@@ -63,17 +63,9 @@ Java_com_orvexa_orvex_sensors_SoSensorManager_00024NativeResourceHandle_deleteNa
 // Makes `cb` the manager's changed callback (null: none); the one set before is let go.
 MANAGER_ENTRY(void, setChangedCallback)(JNIEnv* env, jclass, jlong self, jobject cb) {
   SoSensorManager* manager = managerAt(self);
-  CallbackHoldings& holdings = changedCallbackOf(manager);
-  const uint64_t slot = CallbackHoldings::slot(0);
-  if (cb == nullptr) {
-    manager->setChangedCallback(nullptr, nullptr);
-    holdings.removeSlot(slot);
-    return;
-  }
-  auto* callback = orvexjava::nativeCallbackOf<SoSensorManagerCallback>(env, cb);
-  holdings.add(env, cb, callback, slot);
-  manager->setChangedCallback(&SoSensorManagerCallback::RealCallback, callback);
-  holdings.removeSlotExceptLast(slot);
+  orvexjava::setOnlyCallback<SoSensorManagerCallback>(
+      env, changedCallbackOf(manager), CallbackHoldings::slot(0), cb, nullptr,
+      [manager](void (*function)(void*), void* data) { manager->setChangedCallback(function, data); });
 }
 
 MANAGER_ENTRY(void, setDelaySensorTimeout)(JNIEnv*, jclass, jlong self, jlong time) {

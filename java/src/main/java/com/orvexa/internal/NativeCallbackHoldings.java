@@ -1,17 +1,12 @@
 package com.orvexa.internal;
 
-import java.lang.ref.Cleaner;
-
 /**
  * The record of the callbacks that a Java-owned toolkit object (an action)
  * holds, kept natively: each registration takes a hold of its callback,
- * each removal gives it back, and whatever is left is given back when the
- * owning wrapper becomes unreachable (by then the wrapper can run no call
- * of the toolkit object, which is freed with it).
+ * each removal gives it back, and whatever is left is given back once the
+ * owner's native object has been freed (nothing can call them any more).
  */
 public final class NativeCallbackHoldings {
-  private static final Cleaner CLEANER = Cleaner.create();
-
   static {
     com.orvexa.orvex.Orvex.init();
   }
@@ -22,10 +17,15 @@ public final class NativeCallbackHoldings {
     this.address = address;
   }
 
-  /** New holdings that live as long as {@code owner}. */
-  public static NativeCallbackHoldings createFor(Object owner) {
+  /**
+   * New holdings that live as long as {@code owner}'s native object, which
+   * Java owns: they let go of the callbacks once it has been freed, which
+   * may be later than the wrapper goes (a renderer may still hold its render
+   * action), never earlier.
+   */
+  public static NativeCallbackHoldings createFor(com.orvexa.orvex.Orvex owner) {
     long address = createImpl();
-    CLEANER.register(owner, () -> deleteImpl(address));
+    owner.getNativeResourceHandle().whenFreed(() -> deleteImpl(address));
     return new NativeCallbackHoldings(address);
   }
 

@@ -66,6 +66,10 @@ public abstract class NativeResourceHandle {
   private volatile Cleaner.Cleanable cleanable;
   /** Handles held by slot name (see {@link #hold}); created on first use, guarded by {@code this}. */
   private Map<String, NativeResourceHandle> held;
+  /** What runs once the native object is freed (see {@link #whenFreed}); guarded by {@code this}. */
+  private java.util.List<Runnable> afterFree;
+  /** Set once the native object is freed; guarded by {@code this}. */
+  private boolean freed;
 
   protected NativeResourceHandle(long address) {
     this(address, null, false);
@@ -179,14 +183,38 @@ public abstract class NativeResourceHandle {
     if (previous != null) previous.endUse();
   }
 
+  /**
+   * Runs {@code task} once this handle's native object has been freed (at
+   * once if it already has): for what the native object may use until its
+   * very end, such as the callbacks registered with it, which must outlive
+   * it even where the wrapper is gone but another object still holds it.
+   * Nothing runs for a handle whose release frees nothing.
+   */
+  public final void whenFreed(Runnable task) {
+    if (!counted) return;
+    synchronized (this) {
+      if (!freed) {
+        if (afterFree == null) afterFree = new java.util.ArrayList<>(1);
+        afterFree.add(task);
+        return;
+      }
+    }
+    task.run();
+  }
+
   private void free() {
     releaseNative(address);
     Map<String, NativeResourceHandle> letGo;
+    java.util.List<Runnable> tasks;
     synchronized (this) {
+      freed = true;
       letGo = held;
       held = null;
+      tasks = afterFree;
+      afterFree = null;
     }
     // After the native object is gone: it may have used them until then.
+    if (tasks != null) for (Runnable task : tasks) task.run();
     if (letGo != null) for (NativeResourceHandle h : letGo.values()) h.endUse();
   }
 

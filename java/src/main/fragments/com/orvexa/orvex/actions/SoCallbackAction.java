@@ -1,24 +1,10 @@
 import com.orvexa.internal.CallbackAccess;
 import com.orvexa.internal.NativeCalls;
-import com.orvexa.internal.NativeCallbackHoldings;
 import com.orvexa.orvex.misc.callbacks.SoCallbackActionCB;
 import com.orvexa.orvex.misc.callbacks.SoLineSegmentCB;
 import com.orvexa.orvex.misc.callbacks.SoPointCB;
 import com.orvexa.orvex.misc.callbacks.SoTriangleCB;
 import com.orvexa.orvex.nodes.SoNode;
-
-  /** The callbacks this action holds; made at the first registration, released with this wrapper. */
-  private NativeCallbackHoldings callbackHoldings;
-
-  private synchronized long callbackHoldings() {
-    if (callbackHoldings == null) {
-      // Only a wrapper that owns its action knows when the action is gone;
-      // one that wraps an action lent by native code keeps its callbacks.
-      callbackHoldings = getNativeResourceHandle().isOwned()
-          ? NativeCallbackHoldings.createFor(this) : NativeCallbackHoldings.createUnowned();
-    }
-    return callbackHoldings.address();
-  }
 
   /** Checks a registration's arguments and makes the callback's native object; the action's address. */
   private long beginRegistration(String type, Object callback) {
