@@ -8,9 +8,12 @@
 #include <Orvex/actions/SoAction.h>
 #include <Orvex/nodes/SoEventCallback.h>
 #include <Orvex/nodes/SoNode.h>
+#include <Orvex/nodes/SoWWWAnchor.h>
+#include <Orvex/nodes/SoWWWInline.h>
 
 #include "CallbackUpcall.h"
 #include "MakeJavaObj.h"
+#include "StringHelper.h"
 
 using orvexjava::CallbackUpcall;
 
@@ -293,4 +296,44 @@ SoGLRenderAction::AbortCode SoGLRenderAbortCallback::invoke() const {
   const bool ok = upcall.call([&](JNIEnv* e, jobject target, jmethodID method) { code = e->CallIntMethod(target, method); });
   if (!ok) return upcall.exceptionLeftForJava() ? SoGLRenderAction::ABORT : SoGLRenderAction::CONTINUE;
   return static_cast<SoGLRenderAction::AbortCode>(code);
+}
+
+// ---- SoWWWInlineFetchURLCB, SoWWWAnchorCB -------------------------------------------
+
+namespace {
+
+// Calls `invoke` (String, node) of the callback's Java object with the URL
+// and the node that asks.
+void invokeWithURL(const JCallback* callback, const char* signature, const SbString& url, const SoBase* node) {
+  CallbackUpcall upcall(callback, "invoke", signature);
+  if (!upcall.ready()) return;
+  JNIEnv* env = upcall.env();
+  const LocalRef jurl(env, upcall.argument([&] { return StringHelper::fromNativeString(env, url); }));
+  const LocalRef jnode(env, upcall.argument([&] { return baseObject(env, node); }));
+  if (!upcall.argumentsMade()) return;
+  upcall.call([&](JNIEnv* e, jobject target, jmethodID method) {
+    e->CallVoidMethod(target, method, jurl.get(), jnode.get());
+  });
+}
+
+}  // namespace
+
+void SoWWWInlineFetchURLCallback::RealCallback(const SbString& url, void* data, SoWWWInline* node) {
+  PRINTDBG("DEBUG: NTV MTHD->SoWWWInlineFetchURLCallback::RealCallback\n");
+  self<SoWWWInlineFetchURLCallback>(data)->invoke(url, node);
+}
+
+void SoWWWInlineFetchURLCallback::invoke(const SbString& url, SoWWWInline* node) const {
+  PRINTDBG("DEBUG: NTV MTHD->SoWWWInlineFetchURLCallback::invoke\n");
+  invokeWithURL(this, "(Ljava/lang/String;Lcom/orvexa/orvex/nodes/SoWWWInline;)V", url, node);
+}
+
+void SoWWWAnchorCallback::RealCallback(const SbString& url, void* data, SoWWWAnchor* anchor) {
+  PRINTDBG("DEBUG: NTV MTHD->SoWWWAnchorCallback::RealCallback\n");
+  self<SoWWWAnchorCallback>(data)->invoke(url, anchor);
+}
+
+void SoWWWAnchorCallback::invoke(const SbString& url, SoWWWAnchor* anchor) const {
+  PRINTDBG("DEBUG: NTV MTHD->SoWWWAnchorCallback::invoke\n");
+  invokeWithURL(this, "(Ljava/lang/String;Lcom/orvexa/orvex/nodes/SoWWWAnchor;)V", url, anchor);
 }

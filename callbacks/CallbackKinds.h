@@ -17,6 +17,9 @@ class SoPath;
 class SoPickedPoint;
 class SoPrimitiveVertex;
 class SoSelection;
+class SoWWWAnchor;
+class SoWWWInline;
+class SbString;
 
 class ORVEXJAVA_API SoCallbackActionCallback : public JCallback {
  public:
@@ -103,4 +106,18 @@ class ORVEXJAVA_API SoGLRenderAbortCallback : public JCallback {
   using JCallback::JCallback;
   static SoGLRenderAction::AbortCode RealCallback(void* data);
   SoGLRenderAction::AbortCode invoke() const;
+};
+
+class ORVEXJAVA_API SoWWWInlineFetchURLCallback : public JCallback {
+ public:
+  using JCallback::JCallback;
+  static void RealCallback(const SbString& url, void* data, SoWWWInline* node);
+  void invoke(const SbString& url, SoWWWInline* node) const;
+};
+
+class ORVEXJAVA_API SoWWWAnchorCallback : public JCallback {
+ public:
+  using JCallback::JCallback;
+  static void RealCallback(const SbString& url, void* data, SoWWWAnchor* anchor);
+  void invoke(const SbString& url, SoWWWAnchor* anchor) const;
 };

@@ -10,6 +10,7 @@ target_sources(orvexjava PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/SoEventCallback_callbacks_jni.cpp
   ${CMAKE_CURRENT_LIST_DIR}/SoGLRenderAction_callbacks_jni.cpp
   ${CMAKE_CURRENT_LIST_DIR}/SoSelection_callbacks_jni.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/SoWWW_callbacks_jni.cpp
   ${CMAKE_CURRENT_LIST_DIR}/sensors/SensorRoutes_jni.cpp
   ${CMAKE_CURRENT_LIST_DIR}/sensors/SoSensorManager_jni.cpp
 )
