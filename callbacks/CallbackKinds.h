@@ -121,3 +121,10 @@ class ORVEXJAVA_API SoWWWAnchorCallback : public JCallback {
   static void RealCallback(const SbString& url, void* data, SoWWWAnchor* anchor);
   void invoke(const SbString& url, SoWWWAnchor* anchor) const;
 };
+
+class ORVEXJAVA_API SoCallbackListCallback : public JCallback {
+ public:
+  using JCallback::JCallback;
+  static void RealCallback(void* data, void* callbackData);
+  void invoke(void* callbackData) const;
+};

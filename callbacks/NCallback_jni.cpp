@@ -43,6 +43,7 @@ ORVEX_CALLBACK_CONSTRUCTOR(SoGLRenderPassCB, SoGLRenderPassCallback)
 ORVEX_CALLBACK_CONSTRUCTOR(SoGLRenderAbortCB, SoGLRenderAbortCallback)
 ORVEX_CALLBACK_CONSTRUCTOR(SoWWWInlineFetchURLCB, SoWWWInlineFetchURLCallback)
 ORVEX_CALLBACK_CONSTRUCTOR(SoWWWAnchorCB, SoWWWAnchorCallback)
+ORVEX_CALLBACK_CONSTRUCTOR(SoCallbackListCB, SoCallbackListCallback)
 
 // Deletes the native object at `address`: called once, by the clean-up of
 // the Java callback object (when it is collected, or deleted early).

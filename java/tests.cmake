@@ -74,7 +74,7 @@ target_sources(orvexjava_testsupport PRIVATE ${PROJECT_SOURCE_DIR}/callbacks/tes
 orvex_add_junit_test(jvm.callbacks
   CLASSES com.orvexa.orvex.misc.callbacks.CallbacksTest com.orvexa.orvex.misc.callbacks.SelectionCallbacksTest
           com.orvexa.orvex.misc.callbacks.EventCallbacksTest com.orvexa.orvex.misc.callbacks.RenderCallbacksTest
-          com.orvexa.orvex.misc.callbacks.WWWCallbacksTest)
+          com.orvexa.orvex.misc.callbacks.WWWCallbacksTest com.orvexa.orvex.misc.callbacks.CallbackListTest)
 orvex_add_junit_test(jvm.callbacks.threads CLASSES com.orvexa.orvex.misc.callbacks.CallbackThreadsTest)
 orvex_add_junit_test(jvm.sensors CLASSES com.orvexa.orvex.sensors.SensorsTest)
 
