@@ -16,6 +16,7 @@ class SoNode;
 class SoPath;
 class SoPickedPoint;
 class SoPrimitiveVertex;
+class SoInput;
 class SoSelection;
 class SoWWWAnchor;
 class SoWWWInline;
@@ -128,3 +129,28 @@ class ORVEXJAVA_API SoCallbackListCallback : public JCallback {
   static void RealCallback(void* data, void* callbackData);
   void invoke(void* callbackData) const;
 };
+
+// The pre and post functions of a registered header. The toolkit keeps one
+// user-data pointer for both: a header record naming each function's native
+// object, through which each trampoline finds its own.
+class ORVEXJAVA_API SoDBHeaderPreCallback : public JCallback {
+ public:
+  using JCallback::JCallback;
+  static void RealCallback(void* record, SoInput* in);
+  void invoke(SoInput* in) const;
+};
+
+class ORVEXJAVA_API SoDBHeaderPostCallback : public JCallback {
+ public:
+  using JCallback::JCallback;
+  static void RealCallback(void* record, SoInput* in);
+  void invoke(SoInput* in) const;
+};
+
+namespace orvexjava {
+// The user data of a header registered from Java.
+struct HeaderRecord {
+  SoDBHeaderPreCallback* pre;    // null: no pre function
+  SoDBHeaderPostCallback* post;  // null: no post function
+};
+}  // namespace orvexjava

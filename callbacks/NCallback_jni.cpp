@@ -45,6 +45,15 @@ ORVEX_CALLBACK_CONSTRUCTOR(SoWWWInlineFetchURLCB, SoWWWInlineFetchURLCallback)
 ORVEX_CALLBACK_CONSTRUCTOR(SoWWWAnchorCB, SoWWWAnchorCallback)
 ORVEX_CALLBACK_CONSTRUCTOR(SoCallbackListCB, SoCallbackListCallback)
 
+// A header function is a pre or a post function: one constructor each.
+JNIEXPORT void JNICALL Java_com_orvexa_orvex_misc_callbacks_SoDBHeaderCB_constructor1(JNIEnv* env, jobject self) {
+  construct<SoDBHeaderPreCallback>(env, self);
+}
+
+JNIEXPORT void JNICALL Java_com_orvexa_orvex_misc_callbacks_SoDBHeaderCB_constructor2(JNIEnv* env, jobject self) {
+  construct<SoDBHeaderPostCallback>(env, self);
+}
+
 // Deletes the native object at `address`: called once, by the clean-up of
 // the Java callback object (when it is collected, or deleted early).
 JNIEXPORT void JNICALL Java_com_orvexa_orvex_misc_callbacks_NCallback_deleteNativeCallbackAt(JNIEnv*, jclass,

@@ -8,6 +8,7 @@ target_sources(orvexjava PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/NCallback_jni.cpp
   ${CMAKE_CURRENT_LIST_DIR}/SoCallbackAction_callbacks_jni.cpp
   ${CMAKE_CURRENT_LIST_DIR}/SoCallbackList_callbacks_jni.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/SoDBHeader_callbacks_jni.cpp
   ${CMAKE_CURRENT_LIST_DIR}/SoEventCallback_callbacks_jni.cpp
   ${CMAKE_CURRENT_LIST_DIR}/SoGLRenderAction_callbacks_jni.cpp
   ${CMAKE_CURRENT_LIST_DIR}/SoSelection_callbacks_jni.cpp

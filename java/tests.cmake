@@ -74,8 +74,12 @@ target_sources(orvexjava_testsupport PRIVATE ${PROJECT_SOURCE_DIR}/callbacks/tes
 orvex_add_junit_test(jvm.callbacks
   CLASSES com.orvexa.orvex.misc.callbacks.CallbacksTest com.orvexa.orvex.misc.callbacks.SelectionCallbacksTest
           com.orvexa.orvex.misc.callbacks.EventCallbacksTest com.orvexa.orvex.misc.callbacks.RenderCallbacksTest
-          com.orvexa.orvex.misc.callbacks.WWWCallbacksTest com.orvexa.orvex.misc.callbacks.CallbackListTest)
+          com.orvexa.orvex.misc.callbacks.WWWCallbacksTest com.orvexa.orvex.misc.callbacks.CallbackListTest
+          com.orvexa.orvex.misc.callbacks.HeaderCallbacksTest)
 orvex_add_junit_test(jvm.callbacks.threads CLASSES com.orvexa.orvex.misc.callbacks.CallbackThreadsTest)
+# Collects every wrapper while rendering: in a JVM of its own, since objects
+# that other suites leave behind are released on the Cleaner's thread meanwhile.
+orvex_add_junit_test(jvm.callbacks.collected CLASSES com.orvexa.orvex.misc.callbacks.CollectedActionCallbacksTest)
 orvex_add_junit_test(jvm.sensors CLASSES com.orvexa.orvex.sensors.SensorsTest)
 
 # Native libraries carried by the jar: the index, and child JVMs started with only the jars.

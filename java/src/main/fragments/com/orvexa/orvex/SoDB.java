@@ -140,3 +140,35 @@
   }
 
   private static native com.orvexa.orvex.sensors.SoSensorManager getNativSensorManager();
+
+  /**
+   * Registers {@code header} (a line starting with '#') as the first line of
+   * scene files that inputs accept, binary or ASCII, of that file-format
+   * version, with functions called when an input recognises the header
+   * ({@code preCB}, made by {@code SoDBHeaderCB.pre}) and when it closes the
+   * file ({@code postCB}, made by {@code SoDBHeaderCB.post}); either may be
+   * null. Both are handed {@code userData}. A registration lasts for the
+   * life of the process; false when the header is already registered or is
+   * no header line.
+   *
+   * @throws IllegalArgumentException when a function is of the other kind
+   */
+  public static boolean registerHeader(String header, boolean isBinary, float version,
+      com.orvexa.orvex.misc.callbacks.SoDBHeaderCB preCB, com.orvexa.orvex.misc.callbacks.SoDBHeaderCB postCB,
+      Object userData) {
+    if (header == null) throw com.orvexa.internal.NativeCalls.nullArgument("header");
+    if (preCB != null && !preCB.isPre()) throw new IllegalArgumentException("preCB is a post function");
+    if (postCB != null && postCB.isPre()) throw new IllegalArgumentException("postCB is a pre function");
+    if (preCB != null) com.orvexa.internal.CallbackAccess.prepare(preCB);
+    if (postCB != null) com.orvexa.internal.CallbackAccess.prepare(postCB);
+    return registerHeaderImpl(header, isBinary, version, preCB, postCB, userData);
+  }
+
+  /** As {@link #registerHeader(String, boolean, float, SoDBHeaderCB, SoDBHeaderCB, Object)}, without functions. */
+  public static boolean registerHeader(String header, boolean isBinary, float version) {
+    return registerHeader(header, isBinary, version, null, null, null);
+  }
+
+  private static native boolean registerHeaderImpl(String header, boolean isBinary, float version,
+      com.orvexa.orvex.misc.callbacks.SoDBHeaderCB preCB, com.orvexa.orvex.misc.callbacks.SoDBHeaderCB postCB,
+      Object userData);

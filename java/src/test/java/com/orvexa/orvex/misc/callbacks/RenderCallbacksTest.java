@@ -15,7 +15,6 @@ import com.orvexa.orvex.nodes.SoLightModel;
 import com.orvexa.orvex.nodes.SoMaterial;
 import com.orvexa.orvex.nodes.SoOrthographicCamera;
 import com.orvexa.orvex.nodes.SoSeparator;
-import java.lang.ref.WeakReference;
 import java.util.concurrent.atomic.AtomicInteger;
 import org.junit.jupiter.api.Test;
 
@@ -24,7 +23,7 @@ class RenderCallbacksTest {
   private static final int SIZE = 32;
 
   /** An unlit red cube filling the middle half of the picture, seen face-on. */
-  private static SoSeparator redCube() {
+  static SoSeparator redCube() {
     SoSeparator root = new SoSeparator();
     SoOrthographicCamera camera = new SoOrthographicCamera();
     camera.position.setValue(0f, 0f, 5f);
@@ -41,12 +40,12 @@ class RenderCallbacksTest {
   }
 
   /** Whether the middle pixel of an RGB picture of SIZE x SIZE is red. */
-  private static boolean middleIsRed(byte[] rgb) {
+  static boolean middleIsRed(byte[] rgb) {
     int at = ((SIZE / 2) * SIZE + SIZE / 2) * 3;
     return (rgb[at] & 0xff) > 200 && (rgb[at + 1] & 0xff) < 50 && (rgb[at + 2] & 0xff) < 50;
   }
 
-  private static SbViewportRegion viewport() {
+  static SbViewportRegion viewport() {
     return new SbViewportRegion((short) SIZE, (short) SIZE);
   }
 
@@ -124,36 +123,6 @@ class RenderCallbacksTest {
     try (SoOffscreenRenderer renderer = new SoOffscreenRenderer(silent)) {
       assertThrows(NullPointerException.class, () -> renderer.render(redCube()));
     }
-  }
-
-  @Test
-  void aRendererKeepsTheCallbacksOfAnActionWhoseWrapperIsGone() throws Exception {
-    AtomicInteger asked = new AtomicInteger();
-    SoOffscreenRenderer renderer = newRendererWithCountingAction(asked);
-    SoSeparator scene = redCube();
-    WeakReference<SoGLRenderAction> gone = new WeakReference<>(renderer.getGLRenderAction());
-    for (int i = 0; i < 50 && gone.get() != null; i++) {
-      System.gc();
-      Thread.sleep(10);
-    }
-    assertEquals(null, gone.get(), "the action's wrapper was collected");
-    for (int i = 0; i < 5; i++) {
-      System.gc();
-      Thread.sleep(5);
-    }
-    renderer.render(scene);
-    assertEquals(5, asked.get(), "the callback of the held action still runs");
-    assertTrue(middleIsRed(renderer.getBuffer()));
-    renderer.dispose();
-  }
-
-  private static SoOffscreenRenderer newRendererWithCountingAction(AtomicInteger asked) {
-    SoGLRenderAction action = new SoGLRenderAction(viewport());
-    action.setAbortCallback(new SoGLRenderAbortCB(userData -> {
-      asked.incrementAndGet();
-      return AbortCode.CONTINUE;
-    }), null);
-    return new SoOffscreenRenderer(action);
   }
 
   @Test
